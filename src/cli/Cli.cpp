@@ -1,0 +1,94 @@
+#include "cli/Cli.h"
+
+#include "platform/Ajustes.h"
+#include "platform/Errores.h"
+#include "store/CargarEmp.h"
+#include "store/Conexiones.h"
+#include "store/Empresas.h"
+#include "store/ListasEmpresas.h"
+#include "store/Sesion.h"
+
+#include <QDir>
+#include <QFile>
+
+std::function<void(ContextoCli&)> ContextoCli::comprobarAcceso;
+
+namespace {
+QList<Verbo>& registro() {
+    static QList<Verbo> r;
+    return r;
+}
+} // namespace
+
+const QList<Verbo>& VerbosRegistrados() {
+    return registro();
+}
+
+AltaVerbo::AltaVerbo(Verbo v) {
+    registro() << std::move(v);
+}
+
+QString ContextoCli::opcion(const QString& nombre, const QString& defecto) const {
+    QString r = defecto;
+    for (const auto& p : valores)
+        if (p.first == nombre)
+            r = p.second;
+    return r;
+}
+
+QStringList ContextoCli::opciones(const QString& nombre) const {
+    QStringList r;
+    for (const auto& p : valores)
+        if (p.first == nombre)
+            r << p.second;
+    return r;
+}
+
+bool ContextoCli::bandera(const QString& nombre) const {
+    return tiene(nombre);
+}
+
+bool ContextoCli::tiene(const QString& nombre) const {
+    for (const auto& p : valores)
+        if (p.first == nombre)
+            return true;
+    return false;
+}
+
+void ContextoCli::abrirEmpresa() {
+    if (comprobarAcceso)
+        comprobarAcceso(*this);
+    QString empresa = opcion(QStringLiteral("empresa"));
+    if (empresa.isEmpty())
+        empresa = ajustes.leer(QStringLiteral("Inicio"), QStringLiteral("Empresa"));
+    if (empresa.isEmpty())
+        throw Rechazo(
+            QStringLiteral("Indique la empresa con --empresa EmpNNN (quilmar-cli empresas "
+                           "muestra la lista)."));
+    if (!empresa.startsWith(QLatin1String("Emp"), Qt::CaseInsensitive))
+        empresa = QStringLiteral("Emp") + empresa;
+    empresa = QStringLiteral("Emp") + empresa.mid(3);
+    if (!QDir(sesion.carpetaEmpresa(empresa)).exists())
+        throw Rechazo(QStringLiteral("No existe la empresa %1.").arg(empresa));
+    int ano = opcion(QStringLiteral("ano")).toInt();
+    if (ano == 0 && empresa == ajustes.leer(QStringLiteral("Inicio"), QStringLiteral("Empresa")))
+        ano = ajustes.leer(QStringLiteral("Inicio"), QStringLiteral("Año")).toInt();
+    if (ano == 0)
+        ano = UltimoEjercicio(sesion, empresa);
+    QString nombre;
+    for (const RegistroSelan& r :
+         LeerSelan(QDir(sesion.carpetaEmpresa(empresa)).filePath(QStringLiteral("Selan.dat"))))
+        if (r.Ano.toInt() == ano)
+            nombre = r.Nombre;
+    sesion.EmpresaActual = empresa;
+    sesion.AnoActual = static_cast<qint16>(ano);
+    if (!QFile::exists(sesion.rutaEjercicio()))
+        throw Rechazo(
+            QStringLiteral("No existe el ejercicio %1 de la empresa %2.").arg(ano).arg(empresa));
+    CargarEjercicio(sesion);
+}
+
+void ImprimirFilas(QTextStream& salida, const QList<QStringList>& filas) {
+    for (const QStringList& f : filas)
+        salida << f.join(QLatin1Char('\t')) << '\n';
+}

@@ -1,0 +1,209 @@
+#include "platform/Almacen.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlError>
+#include <QSqlRecord>
+#include <atomic>
+
+namespace {
+
+std::atomic<unsigned> contador{0};
+
+QString nombreVisible(const QString& ruta) {
+    return QFileInfo(ruta).fileName();
+}
+
+bool estaOcupada(const QSqlError& e) {
+    const QString codigo = e.nativeErrorCode();
+    return codigo == QLatin1String("5") || codigo == QLatin1String("6") ||
+           e.text().contains(QLatin1String("locked"), Qt::CaseInsensitive);
+}
+
+// The table that every database of a kind must have.
+QString tablaTestigo(TipoBase tipo) {
+    switch (tipo) {
+    case TipoBase::Ejercicio:
+        return QStringLiteral("Empresa");
+    case TipoBase::Bavar:
+        return QStringLiteral("Conceptos");
+    case TipoBase::Bavis:
+        return QStringLiteral("Usuarios");
+    case TipoBase::Vias:
+        return QStringLiteral("MUNICIPE");
+    case TipoBase::Cualquiera:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+Conexion::Conexion(const QString& ruta, TipoBase tipo, bool crear)
+    : nombre_(QStringLiteral("quilmar_%1").arg(contador.fetch_add(1))), ruta_(ruta),
+      preparadas_(std::make_unique<QHash<QString, QSqlQuery>>()) {
+    const bool nueva = !QFile::exists(ruta);
+    if (nueva && !crear)
+        throw ErrorAlmacen(QStringLiteral("No se encuentra la base de datos %1.")
+                               .arg(QDir::toNativeSeparators(ruta)));
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nombre_);
+        db.setDatabaseName(ruta);
+        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=15000"));
+        if (!db.open()) {
+            const QString texto = db.lastError().text();
+            db = QSqlDatabase();
+            QSqlDatabase::removeDatabase(nombre_);
+            throw ErrorAlmacen(QStringLiteral("No se pudo abrir la base de datos %1: %2")
+                                   .arg(nombreVisible(ruta), texto));
+        }
+    }
+    try {
+        QSqlQuery q(bd());
+        if (!q.exec(QStringLiteral("PRAGMA journal_mode=WAL")))
+            throw ErrorAlmacen(
+                QStringLiteral("El archivo %1 está dañado o no es una base de datos de Quilmar.")
+                    .arg(nombreVisible(ruta)));
+        q.exec(QStringLiteral("PRAGMA synchronous=NORMAL"));
+        if (!nueva && tipo != TipoBase::Cualquiera)
+            comprobarTipo(tipo);
+    } catch (...) {
+        preparadas_.reset();
+        QSqlDatabase::database(nombre_, false).close();
+        QSqlDatabase::removeDatabase(nombre_);
+        throw;
+    }
+}
+
+Conexion::~Conexion() {
+    while (nivel_ > 0) {
+        QSqlQuery q(bd());
+        q.exec(QStringLiteral("ROLLBACK"));
+        nivel_ = 0;
+    }
+    preparadas_.reset();
+    {
+        QSqlDatabase db = QSqlDatabase::database(nombre_, false);
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(nombre_);
+}
+
+void Conexion::comprobarTipo(TipoBase tipo) {
+    QSqlQuery q(bd());
+    const QString mal =
+        QStringLiteral("El archivo %1 está dañado o no es una base de datos de Quilmar.")
+            .arg(nombreVisible(ruta_));
+    if (!q.exec(QStringLiteral("PRAGMA application_id")) || !q.next())
+        throw ErrorAlmacen(mal);
+    if (q.value(0).toInt() != IdAplicacionQuilmar)
+        throw ErrorAlmacen(mal);
+    q.finish();
+    if (!existe(QStringLiteral("SELECT 1 FROM sqlite_master WHERE type='table' AND name=?"),
+                {tablaTestigo(tipo)}))
+        throw ErrorAlmacen(mal);
+}
+
+void Conexion::fallo(const QSqlQuery& q, const QString& sql) const {
+    const QSqlError e = q.lastError();
+    if (estaOcupada(e))
+        throw ErrorAlmacen(QStringLiteral(
+            "La base de datos está siendo utilizada por otro usuario. Inténtelo de nuevo."));
+    throw ErrorAlmacen(
+        QStringLiteral("Error en la base de datos %1: %2").arg(nombreVisible(ruta_), e.text()));
+}
+
+QSqlQuery Conexion::ejecutar(const QString& sql, const QVariantList& valores) {
+    QSqlQuery q(bd());
+    q.setForwardOnly(true);
+    if (valores.isEmpty()) {
+        if (!q.exec(sql))
+            fallo(q, sql);
+        return q;
+    }
+    if (!q.prepare(sql))
+        fallo(q, sql);
+    for (const QVariant& v : valores)
+        q.addBindValue(v);
+    if (!q.exec())
+        fallo(q, sql);
+    return q;
+}
+
+QSqlQuery& Conexion::preparada(const QString& sql, const QVariantList& valores) {
+    auto it = preparadas_->find(sql);
+    if (it == preparadas_->end()) {
+        QSqlQuery q(bd());
+        q.setForwardOnly(true);
+        if (!q.prepare(sql))
+            fallo(q, sql);
+        it = preparadas_->insert(sql, q);
+    }
+    QSqlQuery& q = it.value();
+    q.finish();
+    for (int i = 0; i < valores.size(); ++i)
+        q.bindValue(i, valores.at(i));
+    if (!q.exec())
+        fallo(q, sql);
+    return q;
+}
+
+QVariant Conexion::escalar(const QString& sql, const QVariantList& valores) {
+    QSqlQuery q = ejecutar(sql, valores);
+    if (!q.next())
+        return {};
+    return q.value(0);
+}
+
+bool Conexion::existe(const QString& sql, const QVariantList& valores) {
+    QSqlQuery q = ejecutar(sql, valores);
+    return q.next();
+}
+
+void Conexion::ejecutarGuion(const QString& guion) {
+    const QStringList partes = guion.split(QLatin1Char(';'));
+    for (const QString& parte : partes) {
+        const QString sql = parte.trimmed();
+        if (!sql.isEmpty())
+            ejecutar(sql);
+    }
+}
+
+Transaccion::Transaccion(Conexion& c) : c_(c) {
+    if (c_.nivel_ == 0) {
+        c_.ejecutar(QStringLiteral("BEGIN IMMEDIATE"));
+    } else {
+        punto_ = QStringLiteral("p%1").arg(++c_.puntos_);
+        c_.ejecutar(QStringLiteral("SAVEPOINT ") + punto_);
+    }
+    ++c_.nivel_;
+}
+
+void Transaccion::confirmar() {
+    if (hecha_)
+        return;
+    for (QSqlQuery& q : *c_.preparadas_)
+        q.finish();
+    if (punto_.isEmpty())
+        c_.ejecutar(QStringLiteral("COMMIT"));
+    else
+        c_.ejecutar(QStringLiteral("RELEASE ") + punto_);
+    hecha_ = true;
+    --c_.nivel_;
+}
+
+Transaccion::~Transaccion() {
+    if (hecha_)
+        return;
+    for (QSqlQuery& q : *c_.preparadas_)
+        q.finish();
+    QSqlQuery q(c_.bd());
+    if (punto_.isEmpty()) {
+        q.exec(QStringLiteral("ROLLBACK"));
+    } else {
+        q.exec(QStringLiteral("ROLLBACK TO ") + punto_);
+        q.exec(QStringLiteral("RELEASE ") + punto_);
+    }
+    --c_.nivel_;
+}

@@ -1,0 +1,165 @@
+#include "posting/Escritor.h"
+
+#include "platform/Almacen.h"
+#include "store/Formato.h"
+#include "store/Rutinas.h"
+#include "store/Sesion.h"
+
+#include <QDateTime>
+#include <cmath>
+
+const QString MsgEjercicioCerrado = QStringLiteral(
+    "El ejercicio está cerrado. Puede invertir el cierre en el menú Acceso, Ejercicio.");
+
+namespace {
+
+bool entraEnPasada(double importe, PasadaImportes p) {
+    return p == PasadaImportes::SoloPositivos ? importe > 0 : importe != 0;
+}
+
+// A VAT key unique in this exercise: the time stamp of the record (a millionth of a day), raised
+// above every key already used. Drawn inside the writing transaction, so no pause is needed.
+qint64 nuevoIdIva(Conexion& c, qint64 anterior) {
+    const qint64 sello =
+        static_cast<qint64>(std::floor(DiaSerie(QDateTime::currentDateTime()) * 1e6));
+    QSqlQuery& q1 = c.preparada(QStringLiteral("SELECT COALESCE(MAX(IdIVA), 0) FROM DatosIVA"));
+    const qint64 m1 = q1.next() ? q1.value(0).toLongLong() : 0;
+    QSqlQuery& q2 =
+        c.preparada(QStringLiteral("SELECT COALESCE(MAX(IdIVA), 0) FROM Diario WHERE IdIVA <> 0"));
+    const qint64 m2 = q2.next() ? q2.value(0).toLongLong() : 0;
+    return std::max({sello, m1 + 1, m2 + 1, anterior + 1});
+}
+
+void sumarMayor(Conexion& c, const QString& ncuenta, double debe, double haber) {
+    c.preparada(
+        QStringLiteral(
+            "INSERT INTO Mayor (NCuenta, SaldoD, SaldoH) VALUES (?, ?, ?) "
+            "ON CONFLICT(NCuenta) DO UPDATE SET SaldoD = round(SaldoD + excluded.SaldoD, 2), "
+            "SaldoH = round(SaldoH + excluded.SaldoH, 2)"),
+        {ncuenta, debe, haber});
+}
+
+} // namespace
+
+long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apunte>& apuntes,
+                     const OpcionesEscritura& o) {
+    Transaccion t(c);
+
+    // The exercise may have been closed by another user since the session was loaded.
+    {
+        QSqlQuery& q = c.preparada(QStringLiteral("SELECT EjCerrado FROM Empresa LIMIT 1"));
+        if (q.next())
+            s.EjCerrado = q.value(0).toInt() != 0;
+    }
+    if (s.EjCerrado)
+        throw ErrorAsiento(MsgEjercicioCerrado);
+    if (!fecha.isValid())
+        throw ErrorAsiento(QStringLiteral("La fecha introducida no es una fecha válida."));
+    if (o.comprobarFecha && s.FechaIniEj.isValid() &&
+        (fecha < s.FechaIniEj || fecha > s.FechaFinEj))
+        throw ErrorAsiento(QStringLiteral("La fecha introducida no pertenece al año de trabajo."));
+    for (const Apunte& a : apuntes) {
+        QSqlQuery& q = c.preparada(QStringLiteral("SELECT 1 FROM Cuentas WHERE NCuenta = ?"),
+                                   {a.NCuenta.trimmed()});
+        if (!q.next())
+            throw ErrorAsiento(
+                QStringLiteral("No existe la subcuenta %1.").arg(a.NCuenta.trimmed()));
+    }
+    const QString fechaIso = FechaISO(fecha);
+
+    // 1. VAT records, each under a fresh key that the journal line will carry.
+    QList<qint64> ids(apuntes.size(), 0);
+    qint64 ultimoId = 0;
+    for (int i = 0; i < apuntes.size(); ++i) {
+        const Apunte& a = apuntes.at(i);
+        if (!a.Iva)
+            continue;
+        const DatosIvaApunte& v = *a.Iva;
+        ultimoId = nuevoIdIva(c, ultimoId);
+        ids[i] = ultimoId;
+        const QString cp =
+            a.NCuenta.mid(1, 3) == QLatin1String("477") ? QStringLiteral("C") : QStringLiteral("P");
+        c.preparada(
+            QStringLiteral("INSERT INTO DatosIVA (IdIVA, NCuenta, CP, Fecha, NFactura, Base, "
+                           "Porcentaje, Cuota, ClaseIVA, LIVA, L347, TipOp, Retencion) "
+                           "VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?)"),
+            {ultimoId, v.Contra.trimmed(), cp, fechaIso, v.Factura, ASimple(v.Base),
+             ASimple(v.Porcentaje), ASimple(v.Cuota), v.Clase, v.LIVA ? -1 : 0, v.L347 ? -1 : 0,
+             v.TipOp, ASimple(v.Retencion)});
+    }
+
+    // 2. The number, drawn under the write lock so that two users never share it.
+    long nas = o.numero;
+    if (nas <= 0) {
+        QSqlQuery& q = c.preparada(QStringLiteral("SELECT MAX(NAs) AS NN FROM Diario"));
+        const double max = q.next() && !q.value(0).isNull() ? q.value(0).toDouble() : 0.0;
+        const float siguiente = static_cast<float>(max + 1.0);
+        nas = std::lround(siguiente);
+    }
+
+    // 3 and 4. Debit lines first, then credit lines, NAp running over both.
+    const QString insertar = QStringLiteral(
+        "INSERT INTO Diario (NAs, Fecha, NAp, Concepto, NCuenta, CasacionN, CasacionH, Sector, "
+        "IdIVA, Documento, Debe, Haber, Clase, Punteo) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
+    long nap = 0;
+    for (int pasada = 0; pasada < 2; ++pasada) {
+        for (int i = 0; i < apuntes.size(); ++i) {
+            const Apunte& a = apuntes.at(i);
+            const double importe = Centimos(pasada == 0 ? a.Debe : a.Haber);
+            if (!entraEnPasada(importe, o.pasada))
+                continue;
+            ++nap;
+            const QString ncuenta = a.NCuenta.trimmed();
+            const double debe = pasada == 0 ? importe : 0.0;
+            const double haber = pasada == 0 ? 0.0 : importe;
+            c.preparada(insertar, {static_cast<qlonglong>(nas), fechaIso,
+                                   static_cast<qlonglong>(nap), a.Concepto.left(40).trimmed(),
+                                   ncuenta, a.CasacionN, a.CasacionH, a.Sector.trimmed(), ids.at(i),
+                                   a.Documento.trimmed(), debe, haber, o.Clase, a.Punteo ? -1 : 0});
+            sumarMayor(c, ncuenta, debe, haber);
+        }
+    }
+    t.confirmar();
+    if (nas > s.UltimoAsiento)
+        s.UltimoAsiento = static_cast<float>(nas);
+    return nas;
+}
+
+bool ElimAsiento(Conexion& c, Sesion& s, long nas) {
+    Transaccion t(c);
+    QSqlQuery q =
+        c.ejecutar(QStringLiteral("SELECT NCuenta, Debe, Haber, IdIVA FROM Diario WHERE NAs = ?"),
+                   {static_cast<qlonglong>(nas)});
+    bool hay = false;
+    while (q.next()) {
+        hay = true;
+        sumarMayor(c, q.value(0).toString(), -q.value(1).toDouble(), -q.value(2).toDouble());
+        const qint64 id = q.value(3).toLongLong();
+        if (id != 0)
+            c.preparada(QStringLiteral("DELETE FROM DatosIVA WHERE IdIVA = ?"), {id});
+    }
+    if (!hay)
+        return false;
+    c.ejecutar(QStringLiteral("DELETE FROM Diario WHERE NAs = ?"), {static_cast<qlonglong>(nas)});
+    float ultimo = s.UltimoAsiento;
+    if (nas >= std::lround(s.UltimoAsiento)) {
+        const QVariant m = c.escalar(QStringLiteral("SELECT MAX(NAs) FROM Diario"));
+        ultimo = m.isNull() ? 0.0f : static_cast<float>(m.toDouble());
+    }
+    t.confirmar();
+    s.UltimoAsiento = ultimo;
+    return true;
+}
+
+QStringList DescuadresMayor(Conexion& c) {
+    QStringList r;
+    QSqlQuery q = c.ejecutar(QStringLiteral(
+        "SELECT NCuenta, SUM(MD), SUM(MH), SUM(DD), SUM(DH) FROM ("
+        " SELECT NCuenta, SaldoD AS MD, SaldoH AS MH, 0 AS DD, 0 AS DH FROM Mayor"
+        " UNION ALL SELECT NCuenta, 0, 0, Debe, Haber FROM Diario) GROUP BY NCuenta"));
+    while (q.next())
+        if (Centimos(q.value(1).toDouble()) != Centimos(q.value(3).toDouble()) ||
+            Centimos(q.value(2).toDouble()) != Centimos(q.value(4).toDouble()))
+            r << q.value(0).toString();
+    return r;
+}

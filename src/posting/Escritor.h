@@ -1,0 +1,73 @@
+#pragma once
+// The journal writer: every way of making an entry ends here. An entry is written whole or not at
+// all: VAT records, journal lines (debit lines first, then credit lines, NAp running on) and the
+// running totals of Mayor, in one transaction, under a number drawn inside that transaction.
+
+#include "platform/Errores.h"
+
+#include <QDate>
+#include <QList>
+#include <QString>
+#include <optional>
+
+class Conexion;
+struct Sesion;
+
+// The VAT record of one line of account 472 or 477.
+struct DatosIvaApunte {
+    QString Contra;  // customer or supplier subaccount
+    QString Factura; // invoice number
+    double Base = 0; // Base, Porcentaje, Cuota and Retencion are kept as 32-bit floats
+    double Porcentaje = 0;
+    double Cuota = 0;
+    QString Clase = QStringLiteral("IVA"); // "IVA" or "Recargo"
+    bool LIVA = true;                      // enters the VAT books
+    bool L347 = false;                     // true keeps it out of the Modelo 347 sums
+    QString TipOp = QStringLiteral("N");   // "N", "S" or "A"
+    double Retencion = 0;
+};
+
+struct Apunte {
+    QString NCuenta;
+    QString Concepto;
+    double Debe = 0;
+    double Haber = 0;
+    QString Documento;
+    QString Sector;
+    int CasacionN = 0;    // reconciliation mark
+    double CasacionH = 0; // its group key, a day number; 0 when none
+    bool Punteo = false;
+    std::optional<DatosIvaApunte> Iva;
+};
+
+// Which lines enter the passes: the posting screen writes only positive amounts; entry
+// maintenance writes every amount that is not zero (negative amounts included).
+enum class PasadaImportes { SoloPositivos, NoCero };
+
+struct OpcionesEscritura {
+    PasadaImportes pasada = PasadaImportes::SoloPositivos;
+    long numero = 0; // 0: a new number, MAX(NAs) + 1; otherwise this number (rewriting)
+    QString Clase;   // "R", "F", "I" for the year close; empty on ordinary entries
+    bool comprobarFecha = true;
+};
+
+// A refusal of the writer, with the message the user is shown.
+class ErrorAsiento : public Rechazo {
+public:
+    using Rechazo::Rechazo;
+};
+
+extern const QString MsgEjercicioCerrado;
+
+// Writes an entry and returns its number. Refuses a closed exercise, a date outside it and an
+// unknown subaccount (ErrorAsiento); store failures throw ErrorAlmacen. Nothing is left written
+// on failure. The session's UltimoAsiento follows the number drawn.
+long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apunte>& apuntes,
+                     const OpcionesEscritura& opciones = {});
+
+// Deletes an entry: its journal lines, their VAT records, and their amounts from Mayor, in one
+// transaction; lowers UltimoAsiento when the last entry goes. False when the number has no lines.
+bool ElimAsiento(Conexion& c, Sesion& s, long nas);
+
+// Subaccounts whose Mayor totals differ from the sums of their journal lines (to the cent).
+QStringList DescuadresMayor(Conexion& c);

@@ -1,0 +1,61 @@
+#include "store/Conexiones.h"
+
+#include "platform/Dialogo.h"
+#include "store/Rutinas.h"
+#include "store/Sesion.h"
+
+#include <cmath>
+
+Conexion AbrirDatos(const Sesion& s) {
+    return Conexion(s.rutaEjercicio(), TipoBase::Ejercicio);
+}
+Conexion AbrirBavar(const Sesion& s) {
+    return Conexion(s.rutaBavar(), TipoBase::Bavar);
+}
+Conexion AbrirAvisos(const Sesion& s) {
+    return Conexion(s.rutaBavis(), TipoBase::Bavis);
+}
+Conexion AbrirVias(const Sesion& s) {
+    return Conexion(s.rutaVias(), TipoBase::Vias);
+}
+
+QString NombreCuenta(const Sesion& s, Dialogo& dialogo, const QString& ncuenta) {
+    if (ncuenta.trimmed().isEmpty())
+        return {};
+    Conexion c = AbrirDatos(s);
+    const QVariant v = c.escalar(QStringLiteral("SELECT Cuenta FROM Cuentas WHERE NCuenta = ?"),
+                                 {ncuenta.trimmed()});
+    if (!v.isValid()) {
+        dialogo.Informar(QStringLiteral("Error en la cuenta."));
+        return {};
+    }
+    return v.toString().trimmed();
+}
+
+long MaxAsiento(Sesion& s) {
+    if (s.esPrincipal())
+        return std::lround(s.UltimoAsiento);
+    Conexion c = AbrirDatos(s);
+    const QVariant v = c.escalar(QStringLiteral("SELECT MAX(NAs) AS NN FROM Diario"));
+    s.UltimoAsiento = v.isNull() ? 0.0f : static_cast<float>(v.toDouble());
+    return std::lround(s.UltimoAsiento);
+}
+
+void CargarEjercicio(Sesion& s, Conexion& c) {
+    const QVariant max = c.escalar(QStringLiteral("SELECT MAX(NAs) AS MaxNasi FROM Diario"));
+    s.UltimoAsiento = max.isNull() ? 0.0f : static_cast<float>(max.toDouble());
+    QSqlQuery q = c.ejecutar(
+        QStringLiteral("SELECT FechaIni, EjCerrado, NAsReg, NAsFin FROM Empresa LIMIT 1"));
+    if (!q.next())
+        return;
+    s.FechaIniEj = DeISO(q.value(0).toString());
+    s.FechaFinEj = s.FechaIniEj.addYears(1).addDays(-1);
+    s.EjCerrado = q.value(1).toInt() != 0;
+    s.NAsReg = q.value(2).toLongLong();
+    s.NAsFin = q.value(3).toLongLong();
+}
+
+void CargarEjercicio(Sesion& s) {
+    Conexion c = AbrirDatos(s);
+    CargarEjercicio(s, c);
+}

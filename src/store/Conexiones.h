@@ -1,0 +1,28 @@
+#pragma once
+// Short-lived connections to the databases of the session, and the lookups every screen shares.
+
+#include "platform/Almacen.h"
+
+class Dialogo;
+struct Sesion;
+
+// Each opens a fresh connection, to be closed (destroyed) within one user action. They throw
+// ErrorAlmacen with a Spanish message when the file is missing, damaged or not ours.
+Conexion AbrirDatos(const Sesion& s);  // the exercise database
+Conexion AbrirBavar(const Sesion& s);  // the company database
+Conexion AbrirAvisos(const Sesion& s); // the installation database (Bavis)
+Conexion AbrirVias(const Sesion& s);   // the street tables
+
+// Trimmed name of a subaccount; empty for an empty code; a missing row says "Error en la cuenta."
+QString NombreCuenta(const Sesion& s, Dialogo& dialogo, const QString& ncuenta);
+
+// Highest entry number. On a main installation the session's number is the truth; on a client
+// the journal is asked, so that two machines see each other's entries.
+long MaxAsiento(Sesion& s);
+
+// Loads the state of the current exercise into the session: UltimoAsiento from the journal, and
+// from Empresa the dates, the closed flag and the numbers of the closing entries. A table without
+// a row leaves UltimoAsiento at 0 and touches nothing else.
+void CargarEjercicio(Sesion& s);
+// The same on an open connection.
+void CargarEjercicio(Sesion& s, Conexion& c);

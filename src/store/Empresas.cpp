@@ -1,0 +1,152 @@
+#include "store/Empresas.h"
+
+#include "platform/Ajustes.h"
+#include "platform/Almacen.h"
+#include "store/CargarEmp.h"
+#include "store/Conexiones.h"
+#include "store/Esquema.h"
+#include "store/ListasEmpresas.h"
+#include "store/Plantilla.h"
+#include "store/Rutinas.h"
+#include "store/Sesion.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QRegularExpression>
+
+const QString MsgCodigoReservado =
+    QStringLiteral("Por favor utilice otro código. Ese está reservado a la empresa 'De Pruebas'.");
+
+namespace {
+
+void copiarTablas(Conexion& destino, const QString& origen, const QStringList& tablas) {
+    destino.ejecutar(QStringLiteral("ATTACH DATABASE ? AS origen"), {origen});
+    try {
+        Transaccion t(destino);
+        for (const QString& tabla : tablas)
+            destino.ejecutar(
+                QStringLiteral("INSERT INTO main.%1 SELECT * FROM origen.%1").arg(tabla));
+        t.confirmar();
+    } catch (...) {
+        destino.ejecutar(QStringLiteral("DETACH DATABASE origen"));
+        throw;
+    }
+    destino.ejecutar(QStringLiteral("DETACH DATABASE origen"));
+}
+
+void comprobar(const Sesion& s, const DatosNuevaEmpresa& d, bool reservadoPermitido) {
+    static const QRegularExpression tresCifras(QStringLiteral("^\\d{3}$"));
+    if (!tresCifras.match(d.Codigo).hasMatch())
+        throw Rechazo(QStringLiteral("El código de la Empresa tiene que tener tres cifras."));
+    if (d.Codigo == QLatin1String("100") && !reservadoPermitido)
+        throw Rechazo(MsgCodigoReservado);
+    if (d.Nombre.trimmed().isEmpty())
+        throw Rechazo(QStringLiteral("Debe introducir el nombre de la Empresa."));
+    if (!d.FechaIni.isValid())
+        throw Rechazo(QStringLiteral("La fecha introducida no es una fecha válida."));
+    for (const QString& c : CarpetasEmpresa(s.DataPath))
+        if (c.mid(3) == d.Codigo)
+            throw Rechazo(QStringLiteral("Ya existe una Empresa con el código %1.").arg(d.Codigo));
+}
+
+} // namespace
+
+int UltimoEjercicio(const Sesion& s, const QString& empresa) {
+    const QString carpeta = s.carpetaEmpresa(empresa);
+    const QList<RegistroSelan> selan =
+        LeerSelan(QDir(carpeta).filePath(QStringLiteral("Selan.dat")));
+    if (!selan.isEmpty())
+        return selan.last().Ano.toInt();
+    const QList<int> anos = AnosEnCarpeta(carpeta);
+    return anos.isEmpty() ? 0 : anos.last();
+}
+
+void SeleccionarEmpresa(Sesion& s, Ajustes& a, const QString& empresa, const QString& nombre,
+                        int ano) {
+    s.EmpresaActual = empresa;
+    s.AnoActual = static_cast<qint16>(ano);
+    a.escribir(QStringLiteral("Inicio"), QStringLiteral("Año"), QString::number(ano));
+    a.escribir(QStringLiteral("Inicio"), QStringLiteral("Empresa"), empresa);
+    a.escribir(QStringLiteral("Inicio"), QStringLiteral("Nombre"), nombre);
+    CargarEjercicio(s);
+}
+
+void CrearEmpresa(Sesion& s, Ajustes& a, const DatosNuevaEmpresa& d, bool reservadoPermitido) {
+    comprobar(s, d, reservadoPermitido);
+    const QString empresa = QStringLiteral("Emp") + d.Codigo;
+    const int ano = d.FechaIni.year();
+    const QString nombre = d.Nombre.trimmed();
+
+    QString ejercicioOrigen, bavarOrigen;
+    if (!d.EmpresaOrigen.isEmpty()) {
+        const int anoOrigen = UltimoEjercicio(s, d.EmpresaOrigen);
+        const QDir dirOrigen(s.carpetaEmpresa(d.EmpresaOrigen));
+        ejercicioOrigen = dirOrigen.filePath(QStringLiteral("Quilmar%1.db").arg(anoOrigen));
+        bavarOrigen = dirOrigen.filePath(QStringLiteral("Bavar.db"));
+        // Opening checks that both are ours and sound before anything is made.
+        Conexion(ejercicioOrigen, TipoBase::Ejercicio);
+        Conexion(bavarOrigen, TipoBase::Bavar);
+    }
+
+    // Everything is made in a folder of its own and renamed into place at the end, so that a
+    // failure never leaves half a company.
+    QDir datos(s.DataPath);
+    const QString temporal =
+        QStringLiteral(".nueva-%1-%2").arg(empresa).arg(QCoreApplication::applicationPid());
+    datos.mkpath(temporal);
+    const QDir dir(datos.filePath(temporal));
+    try {
+        const QString rutaEj = dir.filePath(QStringLiteral("Quilmar%1.db").arg(ano));
+        const QString rutaBavar = dir.filePath(QStringLiteral("Bavar.db"));
+        CrearBaseDatos(rutaEj, TipoBase::Ejercicio);
+        CrearBaseDatos(rutaBavar, TipoBase::Bavar);
+        {
+            Conexion c(rutaEj, TipoBase::Ejercicio);
+            if (ejercicioOrigen.isEmpty()) {
+                CargarPlanGenerico(c);
+            } else {
+                QStringList tablas{"Grupos", "Cuentas",    "TiposIVA",
+                                   "CliPro", "Provincias", "Paises"};
+                if (d.CopiarSectores)
+                    tablas << "Sectores";
+                copiarTablas(c, ejercicioOrigen, tablas);
+            }
+            c.ejecutar(
+                QStringLiteral("INSERT INTO Empresa (Codigo, Nombre, NIF, Domicilio, \"Nº\", "
+                               "Ciudad, CPostal, Provincia, FechaIni, EjCerrado, NAsReg, "
+                               "NAsFin) VALUES (?,?,?,?,?,?,?,?,?,0,0,0)"),
+                {d.Codigo, nombre, d.NIF.trimmed(), d.Domicilio.trimmed(),
+                 d.Numero.trimmed().isEmpty() ? QVariant() : QVariant(d.Numero.trimmed()),
+                 d.Ciudad.trimmed(), d.CPostal.trimmed(), d.Provincia.trimmed(),
+                 FechaISO(d.FechaIni)});
+        }
+        if (!bavarOrigen.isEmpty()) {
+            QStringList tablas;
+            if (d.CopiarConceptos)
+                tablas << "Conceptos";
+            if (d.CopiarPeriodicos)
+                tablas << "Periodicos";
+            if (d.CopiarPredisenados)
+                tablas << "AsPredi";
+            if (d.CopiarInventario)
+                tablas << "Inventario"
+                       << "Centros";
+            if (d.CopiarVencimientos)
+                tablas << "Vencimientos";
+            if (!tablas.isEmpty()) {
+                Conexion c(rutaBavar, TipoBase::Bavar);
+                copiarTablas(c, bavarOrigen, tablas);
+            }
+        }
+        AnadirSelan(dir.filePath(QStringLiteral("Selan.dat")),
+                    {QString::number(ano), d.Codigo, nombre});
+        if (!datos.rename(temporal, empresa))
+            throw ErrorAlmacen(
+                QStringLiteral("No se pudo crear la carpeta de la empresa %1.").arg(empresa));
+    } catch (...) {
+        QDir(dir).removeRecursively();
+        throw;
+    }
+    AnadirNemp(s.rutaNemp(), {d.Codigo, nombre});
+    SeleccionarEmpresa(s, a, empresa, nombre, ano);
+}

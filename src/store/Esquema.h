@@ -1,0 +1,16 @@
+#pragma once
+// The tables, views and indexes of the four databases: exercise (Quilmar<yyyy>.db), company
+// (Bavar.db), installation (Bavis.db) and streets (VIAS.db).
+
+#include "platform/Almacen.h"
+
+#include <QStringList>
+
+// Create the schema on an empty database (inside one transaction) and mark the file as ours.
+void CrearEsquema(Conexion& c, TipoBase tipo);
+
+// Creates a new database file of that kind with its schema; fails if the file exists.
+void CrearBaseDatos(const QString& ruta, TipoBase tipo);
+
+// The tables of each database, in creation order.
+QStringList TablasDe(TipoBase tipo);

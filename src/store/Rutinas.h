@@ -1,0 +1,45 @@
+#pragma once
+// Small rules every screen shares: how a typed date becomes a date, how amounts are typed and
+// shown, day numbers, the decimal mark.
+
+#include <QDate>
+#include <QDateTime>
+#include <QString>
+
+class Dialogo;
+
+// Turns a typed date ("3/2/08", "030208", "30208", "1208") into a date text, or an empty text
+// after telling the user why. An empty input returns empty, silently.
+QString ValidarFecha(const QString& texto, Dialogo& dialogo);
+
+// Parses a date text as the user types it: d/m/yy, d/m/yyyy (also with "-") or yyyy-MM-dd.
+// Two-digit years 00-29 are 2000-2029 and 30-99 are 1930-1999. Invalid gives a null date.
+QDate FechaDeTexto(const QString& texto);
+
+// Dates are stored as ISO text.
+inline QString FechaISO(const QDate& d) {
+    return d.toString(Qt::ISODate);
+}
+inline QDate DeISO(const QString& s) {
+    return QDate::fromString(s.left(10), Qt::ISODate);
+}
+
+// "," to ".", blanks out, "+-" and "-+" to "-".
+QString NormalizarNumero(const QString& texto);
+// "0" for an empty text, else the amount in "General Number" format.
+QString ANumero(const QString& texto);
+// "0" for an empty text, else the amount in "standard" format.
+QString AImporte(const QString& texto);
+// The value of an amount text as screens and grids hold it: with a "," the "." are thousands
+// ("1.234,56"); without one a "." is the decimal mark ("1234.56"). Not a number gives 0.
+double ValorImporte(const QString& texto, bool* ok = nullptr);
+
+// Day numbers count days from 30 December 1899, the fraction being the time of day.
+double DiaSerie(const QDateTime& momento);
+double DiaSerie(const QDate& fecha);
+QDateTime DeDiaSerie(double dias);
+
+// True when the locale writes decimals with a point (7 / 2 written as text has no comma).
+bool DetectarPuntoDecimal();
+
+constexpr double CambioPesetaEuro = 166.386;

@@ -1,0 +1,73 @@
+#include "Entorno.h"
+
+#include "posting/EmpresaDemo.h"
+#include "store/Conexiones.h"
+#include "store/Empresas.h"
+#include "store/Instalacion.h"
+
+#include <QProcess>
+#include <gtest/gtest.h>
+
+Entorno::Entorno() {
+    sesion.AppPath = dir.path();
+    sesion.DataPath = dir.path();
+    ajustes = std::make_unique<Ajustes>(dir.path());
+    EscribirPLoc(sesion, sesion.AppPath);
+    PrepararInstalacion(sesion);
+}
+
+void Entorno::crearEmpresa(const QString& codigo, int ano, const QString& nombre) {
+    DatosNuevaEmpresa d;
+    d.Codigo = codigo;
+    d.Nombre = nombre;
+    d.FechaIni = QDate(ano, 1, 1);
+    CrearEmpresa(sesion, *ajustes, d);
+}
+
+void Entorno::instalarDemo() {
+    InstalarEmpresaDemo(sesion, *ajustes);
+}
+
+Conexion Entorno::datos() const {
+    return AbrirDatos(sesion);
+}
+Conexion Entorno::bavar() const {
+    return AbrirBavar(sesion);
+}
+
+long Entorno::asiento(const QDate& fecha, const QList<Apunte>& apuntes) {
+    Conexion c = datos();
+    return EscribirAsiento(c, sesion, fecha, apuntes);
+}
+
+Apunte Debe(const QString& ncuenta, double importe, const QString& concepto) {
+    Apunte a;
+    a.NCuenta = ncuenta;
+    a.Debe = importe;
+    a.Concepto = concepto;
+    return a;
+}
+
+Apunte Haber(const QString& ncuenta, double importe, const QString& concepto) {
+    Apunte a;
+    a.NCuenta = ncuenta;
+    a.Haber = importe;
+    a.Concepto = concepto;
+    return a;
+}
+
+ResultadoCli EjecutarCli(const QString& datos, const QStringList& argumentos) {
+    QProcess p;
+    p.start(QStringLiteral(QUILMAR_CLI),
+            QStringList{QStringLiteral("--datos"), datos} + argumentos);
+    ResultadoCli r;
+    if (!p.waitForFinished(120000)) {
+        p.kill();
+        ADD_FAILURE() << "quilmar-cli no terminó";
+        return r;
+    }
+    r.codigo = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
+    r.salida = QString::fromUtf8(p.readAllStandardOutput());
+    r.error = QString::fromUtf8(p.readAllStandardError());
+    return r;
+}
