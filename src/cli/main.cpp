@@ -44,6 +44,12 @@ QString ayudaGeneral() {
 } // namespace
 
 int main(int argc, char** argv) {
+    // Qt's own notices are not for the user of the command line.
+    if (qEnvironmentVariableIsEmpty("QUILMAR_DEPURAR"))
+        qInstallMessageHandler([](QtMsgType tipo, const QMessageLogContext&, const QString& m) {
+            if (tipo == QtCriticalMsg || tipo == QtFatalMsg)
+                std::fprintf(stderr, "%s\n", qPrintable(m));
+        });
     // Fonts are needed to print books to PDF, also without a display.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -11,6 +11,14 @@ namespace {
 
 std::atomic<unsigned> contador{0};
 
+// Text is never stored as NULL by accident: a null QString binds as an empty text. Only an
+// invalid QVariant() writes NULL.
+QVariant valorLigado(const QVariant& v) {
+    if (v.typeId() == QMetaType::QString && v.toString().isNull())
+        return QVariant(QStringLiteral(""));
+    return v;
+}
+
 QString nombreVisible(const QString& ruta) {
     return QFileInfo(ruta).fileName();
 }
@@ -125,7 +133,7 @@ QSqlQuery Conexion::ejecutar(const QString& sql, const QVariantList& valores) {
     if (!q.prepare(sql))
         fallo(q, sql);
     for (const QVariant& v : valores)
-        q.addBindValue(v);
+        q.addBindValue(valorLigado(v));
     if (!q.exec())
         fallo(q, sql);
     return q;
@@ -143,7 +151,7 @@ QSqlQuery& Conexion::preparada(const QString& sql, const QVariantList& valores) 
     QSqlQuery& q = it.value();
     q.finish();
     for (int i = 0; i < valores.size(); ++i)
-        q.bindValue(i, valores.at(i));
+        q.bindValue(i, valorLigado(valores.at(i)));
     if (!q.exec())
         fallo(q, sql);
     return q;
