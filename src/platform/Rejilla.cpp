@@ -130,14 +130,16 @@ bool Rejilla::Numerica(int c) const {
 
 Rejilla::FilaDatos Rejilla::nueva(const QString& celdas) const {
     FilaDatos f;
-    f.texto = celdas;
-    for (QChar& c : f.texto)
-        if (c == u'\n' || c == u'\r')
-            c = u' ';
+    f.texto = celdas; // shared, not copied, unless it must change
+    if (f.texto.contains(u'\n') || f.texto.contains(u'\r')) {
+        f.texto.replace(u'\n', u' ');
+        f.texto.replace(u'\r', u' ');
+    }
     // Cells beyond the last column are dropped.
     qsizetype tabs = 0;
+    const QChar* datos = f.texto.constData();
     for (qsizetype i = 0; i < f.texto.size(); ++i)
-        if (f.texto[i] == u'\t' && ++tabs >= qMax(1, Columnas())) {
+        if (datos[i] == u'\t' && ++tabs >= qMax(1, Columnas())) {
             f.texto.truncate(i);
             break;
         }
