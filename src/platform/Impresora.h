@@ -58,7 +58,8 @@ public:
     Impresora(const Impresora&) = delete;
     Impresora& operator=(const Impresora&) = delete;
 
-    // Size of the printable page, in twips.
+    // Size of the printable page, in twips: a printer's printable area (X = 0 is its left edge),
+    // the whole sheet in a PDF and on the recording surface.
     double AnchoPagina() const { return pagina_.width(); }
     double AltoPagina() const { return pagina_.height(); }
 
