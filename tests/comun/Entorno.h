@@ -2,6 +2,7 @@
 // A temporary installation for one test: its own folder (AppPath = DataPath), settings, a
 // scripted Dialogo, and helpers to make companies and post entries.
 
+#include "ImprimirQt.h"
 #include "platform/Ajustes.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
