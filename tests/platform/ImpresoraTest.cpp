@@ -1,6 +1,7 @@
 // The printing surface: fonts and their widths, the pen, pages and documents, cuts, and the PDF
 // that the same drawing makes.
 
+#include "ImprimirQt.h"
 #include "platform/Errores.h"
 #include "platform/ImpresoraGrabadora.h"
 #include "platform/ImpresoraPintor.h"

@@ -1,6 +1,7 @@
 // The desktop side of the platform: the grid's table and totals, its copy and menu, the export
 // dialog, message boxes, and the print preview.
 
+#include "ImprimirQt.h"
 #include "platform/Dialogo.h"
 #include "platform/ExportarRejilla.h"
 #include "platform/Rejilla.h"

@@ -2,6 +2,7 @@
 // input.
 
 #include "platform/Evaluar.h"
+#include "ImprimirQt.h"
 
 #include <QElapsedTimer>
 #include <cmath>

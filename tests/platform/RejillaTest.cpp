@@ -1,10 +1,11 @@
 // The list grid and its export: rows from tab-separated text, cells, bold, merged rows, sorting,
 // and the files it becomes.
 
+#include "platform/Rejilla.h"
+#include "ImprimirQt.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
 #include "platform/ExportarRejilla.h"
-#include "platform/Rejilla.h"
 
 #include <QDir>
 #include <QFile>
