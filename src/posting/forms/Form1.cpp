@@ -454,8 +454,11 @@ void Form1::ponerTitulo() {
 
 void Form1::colorearEjercicio() {
     const QColor c = s_.EjCerrado ? ColorCerrado : ColorAbierto;
+    // A flat fill: the style's own shading would lighten the colour that tells the state.
     Combo1->setStyleSheet(
-        QStringLiteral("QComboBox#Combo1 { background-color: %1; color: black; }").arg(c.name()));
+        QStringLiteral("QComboBox#Combo1 { background-color: %1; color: black; border: 1px solid "
+                       "#7a7a7a; border-radius: 2px; padding: 1px 4px; }")
+            .arg(c.name()));
 }
 
 void Form1::anoElegido(int indice) {

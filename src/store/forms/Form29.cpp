@@ -3,7 +3,9 @@
 #include "platform/forms/Ventana.h"
 #include "store/forms/Portada.h"
 
+#include <QGuiApplication>
 #include <QPainter>
+#include <QScreen>
 
 Form29::Form29(Ajustes& ajustes, QWidget* padre)
     : QWidget(padre, Qt::Window | Qt::FramelessWindowHint) {
@@ -11,6 +13,8 @@ Form29::Form29(Ajustes& ajustes, QWidget* padre)
     setWindowTitle(QStringLiteral("Quilmar"));
     resize(520, 300);
     PrepararVentana(this, ajustes, 29);
+    if (const QScreen* pantalla = QGuiApplication::primaryScreen())
+        move(pantalla->availableGeometry().center() - rect().center());
 }
 
 void Form29::paintEvent(QPaintEvent*) {

@@ -10,6 +10,7 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 
 Form44::Form44(Ajustes& ajustes, const QString& usuario, int cursor, QWidget* padre)
@@ -44,10 +45,21 @@ Form44::Form44(Ajustes& ajustes, const QString& usuario, int cursor, QWidget* pa
     columna->addWidget(marco);
     columna->addWidget(botones);
 
+    cursor_ = qMin(cursor, static_cast<int>(usuario.size()));
     Text1->setFocus();
-    Text1->setCursorPosition(qMin(cursor, static_cast<int>(usuario.size())));
+    Text1->setCursorPosition(cursor_);
     PrepararVentana(this, ajustes);
     setMinimumWidth(360);
+}
+
+void Form44::showEvent(QShowEvent* e) {
+    QDialog::showEvent(e);
+    // The first focus selects the whole name; the cursor stands after it instead, so that
+    // typing adds to it rather than replacing it.
+    QTimer::singleShot(0, this, [this] {
+        Text1->deselect();
+        Text1->setCursorPosition(cursor_);
+    });
 }
 
 QString Form44::usuario() const {

@@ -26,7 +26,11 @@ public:
     static bool PedirAcceso(Sesion& s, Ajustes& a, Dialogo& d, const DecisionAcceso& decision,
                             QWidget* padre = nullptr);
 
+protected:
+    void showEvent(QShowEvent* e) override;
+
 private:
+    int cursor_;
     QLineEdit* Text1;
     QLineEdit* Text2;
 };

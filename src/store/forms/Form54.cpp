@@ -21,6 +21,7 @@
 namespace {
 
 const QString Predeterminada = QStringLiteral("Predeterminada del sistema");
+constexpr int AnchoTextos = 460;
 
 QComboBox* comboLetras(const QString& nombre, const QString& actual) {
     auto* c = new QComboBox;
@@ -50,6 +51,15 @@ QComboBox* comboTamanos(const QString& nombre, const QString& actual) {
     return c;
 }
 
+// A wrapped text keeps the height of its lines at the width of the screen, which the layout of a
+// dialog doesn't work out by itself.
+QLabel* nota(const QString& texto, int ancho) {
+    auto* l = new QLabel(texto);
+    l->setWordWrap(true);
+    l->setMinimumHeight(l->heightForWidth(ancho));
+    return l;
+}
+
 QPushButton* boton(const QString& texto, const QString& nombre) {
     auto* b = new QPushButton(texto);
     b->setObjectName(nombre);
@@ -72,9 +82,9 @@ Form54::Form54(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
         boton(QStringLiteral("Utilizar la Predeterminada"), QStringLiteral("Command1"));
     auto* Command2 =
         boton(QStringLiteral("Utilizar el Predeterminado"), QStringLiteral("Command2"));
-    auto* nota = new QLabel(QStringLiteral(
-        "Los cambios se aplicarán a las ventanas que se abran a partir de realizarlos"));
-    nota->setWordWrap(true);
+    auto* aviso = nota(QStringLiteral("Los cambios se aplicarán a las ventanas que se abran a "
+                                      "partir de realizarlos"),
+                       AnchoTextos);
     auto* g1 = new QGridLayout(pantalla);
     g1->addWidget(new QLabel(QStringLiteral("Fuente:")), 0, 0);
     g1->addWidget(Combo1, 0, 1);
@@ -82,7 +92,7 @@ Form54::Form54(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     g1->addWidget(new QLabel(QStringLiteral("Tamaño:")), 1, 0);
     g1->addWidget(Combo2, 1, 1);
     g1->addWidget(Command2, 1, 2);
-    g1->addWidget(nota, 2, 0, 1, 3);
+    g1->addWidget(aviso, 2, 0, 1, 3);
     g1->setColumnStretch(1, 1);
 
     // Printing.
@@ -140,11 +150,11 @@ Form54::Form54(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Option4->setObjectName(QStringLiteral("Option4"));
     (a_.leer(valores, QStringLiteral("CArea")) == QLatin1String("Plan") ? Option4 : Option3)
         ->setChecked(true);
-    auto* explicacion = new QLabel(QStringLiteral(
-        "En el programa, cada Subcuenta pertenece a una de las Areas (imágenes) de la pantalla "
-        "principal. Sin embargo puede optar porque el Area esté referida a los Grupos del Plan "
-        "General de Contabilidad"));
-    explicacion->setWordWrap(true);
+    auto* explicacion = nota(
+        QStringLiteral("En el programa, cada Subcuenta pertenece a una de las Areas (imágenes) de "
+                       "la pantalla principal. Sin embargo puede optar porque el Area esté "
+                       "referida a los Grupos del Plan General de Contabilidad"),
+        AnchoTextos);
     auto* g4 = new QVBoxLayout(area);
     g4->addWidget(Option3);
     g4->addWidget(Option4);
@@ -196,6 +206,7 @@ Form54::Form54(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     });
 
     mostrarUbicacion();
+    setMinimumWidth(AnchoTextos + 60);
     PrepararVentana(this, a);
 }
 

@@ -1,5 +1,6 @@
 #include "store/forms/Portada.h"
 
+#include <QFontMetrics>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
@@ -48,12 +49,15 @@ QPixmap ImagenPortada(const QSize& tamano) {
     g.setFont(lema);
     g.drawText(QRectF(0, r.height() * 0.64, r.width(), r.height() * 0.1), Qt::AlignCenter,
                QStringLiteral("Contabilidad por imágenes"));
+    const QString lema2 = QStringLiteral("Contabilidad de doble entrada para particulares, "
+                                         "autónomos y pequeñas empresas");
     QFont pie(QStringLiteral("Arial"));
-    pie.setPixelSize(static_cast<int>(r.height() * 0.045));
+    pie.setPixelSize(qMax(6, static_cast<int>(r.height() * 0.045)));
+    // The line fits the width of a small picture too.
+    while (pie.pixelSize() > 6 && QFontMetrics(pie).horizontalAdvance(lema2) > r.width() * 0.94)
+        pie.setPixelSize(pie.pixelSize() - 1);
     g.setFont(pie);
     g.setPen(QColor(0xdd, 0xe8, 0xf0));
-    g.drawText(QRectF(0, r.height() * 0.8, r.width(), r.height() * 0.1), Qt::AlignCenter,
-               QStringLiteral("Contabilidad de doble entrada para particulares, autónomos y "
-                              "pequeñas empresas"));
+    g.drawText(QRectF(0, r.height() * 0.8, r.width(), r.height() * 0.1), Qt::AlignCenter, lema2);
     return p;
 }
