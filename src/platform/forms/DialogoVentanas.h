@@ -1,22 +1,21 @@
 #pragma once
-// Dialogo on the desktop: message boxes titled as the window they belong to.
-//
-// Usage: DialogoVentanas dialogo(this);  then hand `dialogo` to the logic, which calls
-// Informar / Preguntar (Sí/No, No by default) / PedirTexto.
+// The desktop's Dialogo: message boxes over the window the user is working in, carrying its
+// title; questions answer No unless the user says Yes.
 
 #include "platform/Dialogo.h"
 
-#include <QPointer>
-#include <QWidget>
+class QWidget;
 
 class DialogoVentanas : public Dialogo {
 public:
-    explicit DialogoVentanas(QWidget* padre = nullptr) : padre_(padre) {}
+    // With no window given, the boxes go over the active window at the time they are shown.
+    explicit DialogoVentanas(QWidget* ventana = nullptr) : ventana_(ventana) {}
     void Informar(const QString& texto) override;
     bool Preguntar(const QString& texto) override;
     QString PedirTexto(const QString& texto, const QString& defecto) override;
 
 private:
+    QWidget* padre() const;
     QString titulo() const;
-    QPointer<QWidget> padre_;
+    QWidget* ventana_;
 };
