@@ -72,7 +72,9 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
     qint64 ultimoId = 0;
     for (int i = 0; i < apuntes.size(); ++i) {
         const Apunte& a = apuntes.at(i);
-        if (!a.Iva)
+        // A VAT record binds to its journal line: a line that is not written gets none.
+        if (!a.Iva || (!entraEnPasada(Centimos(a.Debe), o.pasada) &&
+                       !entraEnPasada(Centimos(a.Haber), o.pasada)))
             continue;
         const DatosIvaApunte& v = *a.Iva;
         ultimoId = nuevoIdIva(c, ultimoId);

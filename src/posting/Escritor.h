@@ -61,7 +61,9 @@ extern const QString MsgEjercicioCerrado;
 
 // Writes an entry and returns its number. Refuses a closed exercise, a date outside it and an
 // unknown subaccount (ErrorAsiento); store failures throw ErrorAlmacen. Nothing is left written
-// on failure. The session's UltimoAsiento follows the number drawn.
+// on failure. The session's UltimoAsiento follows the number drawn, even when no line has an
+// amount to write: such an entry leaves no row, yet the number rises as it always did, and the
+// next entry takes the same number from the journal.
 long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apunte>& apuntes,
                      const OpcionesEscritura& opciones = {});
 
