@@ -97,15 +97,19 @@ public:
                     QStringLiteral("falta la columna %1.").arg(QLatin1String(NombresColumnas[k])));
     }
 
-    // Reads a data line; returns its NAs.
-    QString leer(const QStringList& campos, int numero, LineaFichero& l) const {
+    QString nas(const QStringList& campos, int numero) const {
+        const QString n = campos.value(pos_[CNAs]).trimmed();
+        if (n.isEmpty())
+            fallo(numero, QStringLiteral("falta el número de asiento (NAs)."));
+        return n;
+    }
+
+    // Reads a data line.
+    void leer(const QStringList& campos, int numero, LineaFichero& l) const {
         auto campo = [&](int k) {
             return pos_[k] < 0 ? QString() : campos.value(pos_[k]).trimmed();
         };
         l.numero = numero;
-        const QString nas = campo(CNAs);
-        if (nas.isEmpty())
-            fallo(numero, QStringLiteral("falta el número de asiento (NAs)."));
         if (pos_[CNAp] >= 0) {
             bool ok = false;
             l.nap = campo(CNAp).toLong(&ok);
@@ -134,7 +138,6 @@ public:
         l.sector = campo(CSector);
         l.debe = importe(campo(CDebe), numero);
         l.haber = importe(campo(CHaber), numero);
-        return nas;
     }
 
     long publicar(QList<LineaFichero>& lineas) {
@@ -270,11 +273,13 @@ ResultadoImportacion ImportarAsientos(Sesion& s, const QString& ruta,
         // The exercise may have been closed since the session was loaded: read afresh above.
         if (s.EjCerrado)
             throw Rechazo(QStringLiteral("Línea %1: %2").arg(numero).arg(MsgEjercicioCerrado));
-        LineaFichero l;
-        const QString nas = imp.leer(campos, numero, l);
+        // The entry before is posted first, so its faults come before this line's.
+        const QString nas = imp.nas(campos, numero);
         if (nas != nasActual)
             cerrar();
         nasActual = nas;
+        LineaFichero l;
+        imp.leer(campos, numero, l);
         entrada << l;
     }
     cerrar();
