@@ -8,11 +8,14 @@
 namespace {
 
 QStringList cabecerasF4() {
-    return {QStringLiteral("Fecha"),  QStringLiteral("Cuenta"),    QStringLiteral("Concepto"),
-            QStringLiteral("Debe"),   QStringLiteral("Haber"),     QStringLiteral("NCuenta"),
-            QStringLiteral("Contra"), QStringLiteral("Documento"), QStringLiteral("Factura"),
-            QStringLiteral("Base"),   QStringLiteral("Libro IVA"), QStringLiteral("347"),
-            QStringLiteral("Venc."),  QStringLiteral("Cas."),      QStringLiteral("Marca")};
+    return {QStringLiteral("Fecha"),         QStringLiteral("Cuenta"),
+            QStringLiteral("Concepto"),      QStringLiteral("Debe"),
+            QStringLiteral("Haber"),         QStringLiteral("NCuenta"),
+            QStringLiteral("Contrapartida"), QStringLiteral("Documento"),
+            QStringLiteral("Factura"),       QStringLiteral("Base"),
+            QStringLiteral("L. IVA"),        QStringLiteral("347"),
+            QStringLiteral("Vto."),          QString(),
+            QStringLiteral("Cas.")};
 }
 
 } // namespace
