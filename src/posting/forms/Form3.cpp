@@ -248,9 +248,10 @@ void Form3::showEvent(QShowEvent* e) {
     QTimer::singleShot(0, destino, [destino] { destino->setFocus(); });
 }
 
-void Form3::closeEvent(QCloseEvent* e) {
+void Form3::done(int resultado) {
+    // Accepted, cancelled or closed: the size is kept either way.
     ajustes_.guardarTamanoVentana(3, size());
-    QDialog::closeEvent(e);
+    QDialog::done(resultado);
 }
 
 bool Form3::eventFilter(QObject* objeto, QEvent* evento) {
@@ -289,7 +290,6 @@ void Form3::aceptar() {
     }
     if (!c_.Aceptar())
         return;
-    ajustes_.guardarTamanoVentana(3, size());
     accept();
 }
 

@@ -52,7 +52,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* e) override;
-    void closeEvent(QCloseEvent* e) override;
+    void done(int resultado) override;
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 private:

@@ -347,6 +347,11 @@ TEST_F(PantallaDatosIva, VisibilidadAbonoYRecargo) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&g));
     EXPECT_FALSE(g.Check2->isVisible()) << "a surcharge never goes to 347";
     EXPECT_EQ(g.Label6->text(), " Recargo");
+    g.resize(600, 420);
+    QTest::mouseClick(g.Command2, Qt::LeftButton);
+    EXPECT_FALSE(g.isVisible());
+    EXPECT_EQ(e.ajustes->leerNumero("Opciones", "WF3", 0), 600) << "kept on a cancel too";
+    EXPECT_EQ(e.ajustes->leerNumero("Opciones", "HF3", 0), 420);
 }
 
 } // namespace
