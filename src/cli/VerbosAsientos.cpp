@@ -166,6 +166,15 @@ int asiento(ContextoCli& ctx) {
     }
     if (!CuadraCentimos(k.Rejilla))
         throw Rechazo(MsgDescuadre);
+    // The screen would post an entry whose lines all cancel out as no lines under a new number;
+    // here that is surely a mistake.
+    CRepetidas(k.Rejilla);
+    if (k.Rejilla.ultima() == 0)
+        throw Rechazo(QStringLiteral("Las líneas del asiento se anulan entre sí: no queda nada que "
+                                     "contabilizar."));
+    const QString sector = ctx.opcion(QStringLiteral("sector")).trimmed();
+    if (!sector.isEmpty() && !SectoresConVacio(s).contains(sector))
+        throw Rechazo(QStringLiteral("No existe el sector %1.").arg(sector));
 
     PantallaIvaCli pantalla;
     for (const QString& texto : ctx.opciones(QStringLiteral("iva"))) {
@@ -182,7 +191,7 @@ int asiento(ContextoCli& ctx) {
     k.Pantalla = &pantalla;
     ResultadoAceptar r;
     try {
-        r = k.Publicar(ctx.opcion(QStringLiteral("sector")));
+        r = k.Publicar(sector);
     } catch (const IvaRechazada&) {
         return 1;
     }

@@ -83,6 +83,10 @@ TEST_F(AsientosCli, RechazosComoLosDeLaPantalla) {
          "La subcuenta " + Recargo + " es de recargo: no admite m347=si."},
         {{"--debe", "999999999=100", "--haber", Banco + "=100"},
          "No existe la subcuenta 999999999."},
+        {{"--debe", Caja + "=5", "--haber", Caja + "=5"},
+         "Las líneas del asiento se anulan entre sí: no queda nada que contabilizar."},
+        {{"--debe", Caja + "=5", "--haber", Banco + "=5", "--sector", "Ninguno"},
+         "No existe el sector Ninguno."},
         {{"--debe", Compras + "=-5", "--haber", Banco + "=-5"},
          "--debe se escribe NCUENTA=IMPORTE, con un importe mayor que 0: '" + Compras + "=-5'."},
     };
