@@ -249,6 +249,24 @@ TEST_F(IvaAlContabilizar, CompraConIvaEscribeDatosIVAYDiarioConLaMismaClave) {
     EXPECT_FALSE(q.next());
 }
 
+TEST_F(IvaAlContabilizar, ImportesGrandesPierdenCentimosSoloEnDatosIVA) {
+    k.CargarLineas("Compras", Compras, "Proveedores varios", Proveedor);
+    k.Estado.Modo = "DOS";
+    ASSERT_EQ(k.Aceptar(campos("1234567,89")).tipo, Tipo::Relleno);
+    k.AnadirLinea("IVA", IvaSop21);
+    k.Estado.Modo = "D";
+    ASSERT_EQ(k.Aceptar(campos("259259,26")).tipo, Tipo::Relleno);
+    pantalla.pasos << AceptarCon(Proveedor, "G-1");
+    const ResultadoAceptar r = k.Aceptar(campos("259259,26"));
+    ASSERT_EQ(r.tipo, Tipo::Contabilizado);
+    EXPECT_EQ(pantalla.vistas[0].Base, " 1.234.567,89") << "offered through Aproxima";
+    Conexion c = e.datos();
+    EXPECT_EQ(c.escalar("SELECT Debe FROM Diario WHERE NAp = 1").toDouble(), 1234567.89);
+    EXPECT_EQ(c.escalar("SELECT Debe FROM Diario WHERE NAp = 2").toDouble(), 259259.26);
+    EXPECT_EQ(c.escalar("SELECT Base FROM DatosIVA").toDouble(), 1234567.875) << "a 32-bit float";
+    EXPECT_EQ(c.escalar("SELECT Cuota FROM DatosIVA").toDouble(), 259259.265625);
+}
+
 TEST_F(IvaAlContabilizar, SoloDecideLaUltimaPantalla) {
     // Cancel the first, accept the second: posted, the first line without VAT data.
     compra({{IvaSop21, "21"}, {IvaSop10, "10"}});
