@@ -1,6 +1,7 @@
 #include "posting/forms/Form3.h"
 
 #include "platform/Ajustes.h"
+#include "platform/forms/Ventana.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -15,7 +16,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -170,8 +170,8 @@ Form3::Form3(CapturaIva& captura, Ajustes& ajustes, QWidget* padre)
     connect(Command1, &QPushButton::clicked, this, &Form3::aceptar);
     connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
 
-    const QRect pantalla = screen() ? screen()->availableGeometry() : QRect(0, 0, 1920, 1080);
-    resize(ajustes_.tamanoVentana(3, sizeHint().expandedTo(QSize(520, 380)), pantalla.size()));
+    resize(sizeHint().expandedTo(QSize(520, 380)));
+    PrepararVentana(this, ajustes_, 3);
 }
 
 Form3::~Form3() = default;
@@ -246,12 +246,6 @@ void Form3::showEvent(QShowEvent* e) {
                        : foco == CapturaIva::Foco::Contrapartida ? static_cast<QWidget*>(Combo1)
                                                                  : Command1;
     QTimer::singleShot(0, destino, [destino] { destino->setFocus(); });
-}
-
-void Form3::done(int resultado) {
-    // Accepted, cancelled or closed: the size is kept either way.
-    ajustes_.guardarTamanoVentana(3, size());
-    QDialog::done(resultado);
 }
 
 bool Form3::eventFilter(QObject* objeto, QEvent* evento) {

@@ -52,7 +52,6 @@ public:
 
 protected:
     void showEvent(QShowEvent* e) override;
-    void done(int resultado) override;
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 private:

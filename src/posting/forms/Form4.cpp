@@ -3,6 +3,7 @@
 #include "platform/Ajustes.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/Ventana.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"
@@ -21,7 +22,6 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
-#include <QScreen>
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QToolBar>
@@ -321,8 +321,8 @@ Form4::Form4(Sesion& s, Ajustes& a, Dialogo& d, EstadoTablero& tablero, QWidget*
     connect(MSFlexGrid1, &QTableView::clicked, this, &Form4::clicEnRejilla);
     connect(&k_.Rejilla, &RejillaAsiento::celdaEditada, this, &Form4::celdaEditada);
 
-    const QRect pantalla = screen() ? screen()->availableGeometry() : QRect(0, 0, 1920, 1080);
-    resize(a_.tamanoVentana(4, QSize(1060, 540), pantalla.size()));
+    resize(1060, 540);
+    PrepararVentana(this, a_, 4);
     Date1->setFocus();
 }
 
@@ -574,6 +574,5 @@ void Form4::celdaEditada(int fila, int col) {
 void Form4::closeEvent(QCloseEvent* e) {
     if (Calendario)
         Calendario->hide();
-    a_.guardarTamanoVentana(4, size());
     QWidget::closeEvent(e);
 }
