@@ -3,7 +3,9 @@
 #include "platform/Ajustes.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/ImprimirLibro.h"
 #include "platform/forms/Ventana.h"
+#include "posting/ImprimirAsiento.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"
@@ -313,6 +315,17 @@ Form4::Form4(Sesion& s, Ajustes& a, Dialogo& d, EstadoTablero& tablero, QWidget*
     connect(BotonImprimir, &QAction::triggered, this, [this] {
         if (imprimir_)
             imprimir_();
+    });
+    // Printing the entry as it stands, through the print preview.
+    FijarImprimir([this] {
+        OpcionesAsientoImpreso o;
+        o.numero = LabelNumero->text().remove(QLatin1Char('.')).toLong();
+        o.fecha = Date1->text();
+        o.fuente = a_.leer(QStringLiteral("Valores"), QStringLiteral("NFImprimir"));
+        o.tamano = a_.leerNumero(QStringLiteral("Valores"), QStringLiteral("TFImprimir"), 9);
+        ImprimirLibro(this, [&](Impresora& imp, int) { ImprimirAsiento(imp, k_.Rejilla, o); },
+                      {QStringLiteral("Asiento"),
+                       a_.leer(QStringLiteral("Valores"), QStringLiteral("Impresora"))});
     });
     connect(BotonPeriodico, &QAction::triggered, this, [this] {
         if (periodico_)

@@ -52,7 +52,8 @@ public:
     std::function<void(const DatosVencimientoLinea&)> AbrirVencimientos;
     std::function<void(QLineEdit*)> AbrirCalculadora;
     void FijarHacerPeriodico(std::function<void()> accion);
-    // Printing the entry (toolbar button 1); unset, the button is off.
+    // Printing the entry (toolbar button 1): the print preview of the lines as they stand.
+    // Another action may take its place; with none the button is off.
     void FijarImprimir(std::function<void()> accion);
 
     // The controls, by their names.

@@ -266,6 +266,7 @@ TEST_F(Pantallas, TamanoDeLetraYDeVentanaGuardados) {
     EXPECT_EQ(f->TamanoLetra(), 9.5);
     EXPECT_EQ(e.ajustes->leerNumero("FontSize", "F4", 0), 9.5);
     EXPECT_FALSE(f->BotonPeriodico->isEnabled()) << "no periodic entries yet";
+    EXPECT_TRUE(f->BotonImprimir->isEnabled());
     f->show();
     f->resize(700, 480);
     f->close();
