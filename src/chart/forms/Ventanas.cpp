@@ -1,0 +1,82 @@
+#include "chart/forms/Ventanas.h"
+
+#include "platform/Ajustes.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QScreen>
+#include <QTableWidget>
+
+namespace {
+
+class GuardaTamano : public QObject {
+public:
+    GuardaTamano(QWidget* ventana, Ajustes& a, int n) : QObject(ventana), a_(a), n_(n) {}
+    bool eventFilter(QObject* o, QEvent* e) override {
+        if (e->type() == QEvent::Close)
+            a_.guardarTamanoVentana(n_, static_cast<QWidget*>(o)->size());
+        return false;
+    }
+
+private:
+    Ajustes& a_;
+    int n_;
+};
+
+} // namespace
+
+void TamanoGuardado(QWidget* ventana, Ajustes& ajustes, int n, QSize disenado) {
+    QScreen* pantalla = ventana->screen() ? ventana->screen() : QGuiApplication::primaryScreen();
+    const QSize area = pantalla ? pantalla->availableSize() : disenado;
+    ventana->resize(ajustes.tamanoVentana(n, disenado, area));
+    ventana->installEventFilter(new GuardaTamano(ventana, ajustes, n));
+}
+
+QTableWidget* NuevaLista(QWidget* padre, const QString& nombre, const QStringList& titulos,
+                         int ocultas) {
+    auto* t = new QTableWidget(0, titulos.size(), padre);
+    t->setObjectName(nombre);
+    t->setHorizontalHeaderLabels(titulos);
+    t->setSelectionBehavior(QAbstractItemView::SelectRows);
+    t->setSelectionMode(QAbstractItemView::SingleSelection);
+    t->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    t->verticalHeader()->setVisible(false);
+    t->verticalHeader()->setDefaultSectionSize(t->fontMetrics().height() + 6);
+    t->horizontalHeader()->setStretchLastSection(true);
+    t->setAlternatingRowColors(true);
+    for (int i = titulos.size() - ocultas; i < titulos.size(); ++i)
+        t->setColumnHidden(i, true);
+    return t;
+}
+
+int AnadirFila(QTableWidget* t, const QStringList& celdas) {
+    const int f = t->rowCount();
+    t->insertRow(f);
+    for (int c = 0; c < celdas.size() && c < t->columnCount(); ++c)
+        t->setItem(f, c, new QTableWidgetItem(celdas.at(c)));
+    return f;
+}
+
+QString CeldaSeleccionada(const QTableWidget* t, int columna) {
+    const QList<QTableWidgetItem*> sel = t->selectedItems();
+    if (sel.isEmpty())
+        return {};
+    const QTableWidgetItem* i = t->item(sel.first()->row(), columna);
+    return i ? i->text() : QString();
+}
+
+int BuscarEnLista(const QTableWidget* t, const QString& texto, int desde) {
+    const QString buscado = texto.trimmed();
+    if (buscado.isEmpty())
+        return -1;
+    for (int f = desde + 1; f < t->rowCount(); ++f)
+        for (int c = 0; c < t->columnCount(); ++c) {
+            if (t->isColumnHidden(c))
+                continue;
+            const QTableWidgetItem* i = t->item(f, c);
+            if (i && i->text().contains(buscado, Qt::CaseInsensitive))
+                return f;
+        }
+    return -1;
+}

@@ -1,0 +1,25 @@
+#pragma once
+// Small pieces the chart's screens share: the stored window size of a numbered form, and the
+// read-only list grids with a hidden key column.
+
+#include <QSize>
+#include <QStringList>
+
+class Ajustes;
+class QTableWidget;
+class QWidget;
+
+// Gives form n its stored size (WF<n>, HF<n>) now and stores its size when it closes.
+void TamanoGuardado(QWidget* ventana, Ajustes& ajustes, int n, QSize disenado);
+
+// A list grid: whole rows selected one at a time, not editable; the last `ocultas` columns are
+// hidden keys.
+QTableWidget* NuevaLista(QWidget* padre, const QString& nombre, const QStringList& titulos,
+                         int ocultas = 0);
+// Appends a row of texts.
+int AnadirFila(QTableWidget* t, const QStringList& celdas);
+// Text of a cell of the selected row, empty when none is selected.
+QString CeldaSeleccionada(const QTableWidget* t, int columna);
+// Finds a text, without regard to case, in the visible cells from the row after `desde`; the row
+// found, or -1.
+int BuscarEnLista(const QTableWidget* t, const QString& texto, int desde);
