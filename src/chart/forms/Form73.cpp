@@ -82,6 +82,8 @@ void Form73::construir() {
     botonBuscar->setObjectName(QStringLiteral("cmdBuscar"));
     auto* botonSiguiente = new QPushButton(QStringLiteral("Buscar siguiente"), this);
     botonSiguiente->setObjectName(QStringLiteral("cmdBuscarSiguiente"));
+    for (QPushButton* b : {botonBuscar, botonSiguiente})
+        b->setAutoDefault(false);
     arriba->addWidget(botonBuscar);
     arriba->addWidget(botonSiguiente);
     raiz->addLayout(arriba);
@@ -206,6 +208,7 @@ void Form73::construir() {
     connect(Command6, &QPushButton::clicked, this, &QDialog::reject);
     connect(botonBuscar, &QPushButton::clicked, this, [this] { buscar(false); });
     connect(botonSiguiente, &QPushButton::clicked, this, [this] { buscar(true); });
+    connect(textoBuscar_, &QLineEdit::returnPressed, this, [this] { buscar(false); });
     connect(Text3, &QLineEdit::editingFinished, this, [this] { alSalirNIF(); });
     connect(Text1, &QLineEdit::textEdited, this, [this](const QString& t) { alEscribirNombre(t); });
 }
