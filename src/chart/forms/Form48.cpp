@@ -109,9 +109,12 @@ void Form48::llenar() {
     FG1->setRowCount(0);
     try {
         Conexion c = AbrirDatos(s_);
-        for (const FilaTipoIva& f : ListaTiposIva(c))
-            AnadirFila(FG1, {f.Cuenta, Formato(f.Porcentaje, QStringLiteral("General Number")),
-                             f.Clase, f.NCuenta});
+        for (const FilaTipoIva& f : ListaTiposIva(c)) {
+            const int fila =
+                AnadirFila(FG1, {f.Cuenta, Formato(f.Porcentaje, QStringLiteral("General Number")),
+                                 f.Clase, f.NCuenta});
+            FG1->item(fila, 1)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        }
     } catch (const ErrorQuilmar& e) {
         d_.Informar(e.mensaje());
     }

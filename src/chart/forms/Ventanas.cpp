@@ -43,10 +43,13 @@ QTableWidget* NuevaLista(QWidget* padre, const QString& nombre, const QStringLis
     t->setEditTriggers(QAbstractItemView::NoEditTriggers);
     t->verticalHeader()->setVisible(false);
     t->verticalHeader()->setDefaultSectionSize(t->fontMetrics().height() + 6);
-    t->horizontalHeader()->setStretchLastSection(true);
     t->setAlternatingRowColors(true);
     for (int i = titulos.size() - ocultas; i < titulos.size(); ++i)
         t->setColumnHidden(i, true);
+    // The last visible column takes the spare width (the hidden keys come after it).
+    const int ultima = titulos.size() - ocultas - 1;
+    if (ultima >= 0)
+        t->horizontalHeader()->setSectionResizeMode(ultima, QHeaderView::Stretch);
     return t;
 }
 
