@@ -122,10 +122,6 @@ int NumGrupo(const QString& codigo, int anoEjercicio) {
     return SinArea;
 }
 
-long SerieDe(const QString& ncuenta) {
-    return ncuenta.trimmed().right(5).toLong();
-}
-
 long UltimaSubcuenta(Conexion& c) {
     return c
         .escalar(QStringLiteral(

@@ -46,8 +46,6 @@ constexpr int SinArea = 10;
 // The list of an area for an edition (for tests and for showing the user which area holds what).
 QString ListaPlan(int area, int anoEjercicio);
 
-// The serial part of a code, 0 when it is not a number.
-long SerieDe(const QString& ncuenta);
 // The highest serial among all subaccounts (the session's UltimaSubcuenta).
 long UltimaSubcuenta(Conexion& c);
 // The serial a new subaccount takes: the lowest n from 1 up to `ultima` that no subaccount uses;
