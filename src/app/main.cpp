@@ -1,39 +1,116 @@
-// quilmar: the desktop.
+// quilmar: the desktop. Start-up runs in the order the program has always followed: the splash
+// with its check of a second copy, the installation database, the login, the kind of
+// installation on first use, the board and the access to companies.
 
 #include "platform/Ajustes.h"
+#include "platform/Errores.h"
+#include "platform/Letras.h"
+#include "platform/forms/DialogoVentanas.h"
 #include "posting/EmpresaDemo.h"
+#include "posting/forms/Form1.h"
+#include "store/Arranque.h"
+#include "store/CargarEmp.h"
+#include "store/Conexiones.h"
 #include "store/Instalacion.h"
 #include "store/Sesion.h"
+#include "store/Usuarios.h"
+#include "store/forms/Form102.h"
+#include "store/forms/Form29.h"
+#include "store/forms/Form44.h"
 
 #include <QApplication>
-#include <QLabel>
+#include <QDir>
+#include <QFont>
 #include <QLocale>
-#include <QMainWindow>
-#include <QMessageBox>
+#include <cstdio>
+
+namespace {
+
+QString carpetaInstalacion(const QStringList& args) {
+    const int i = args.indexOf(QStringLiteral("--datos"));
+    const QString carpeta =
+        i > 0 && i + 1 < args.size() ? args.at(i + 1) : CarpetaInstalacionPorDefecto();
+    return QDir(carpeta).absolutePath();
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Quilmar"));
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
-    Sesion sesion;
-    sesion.AppPath = CarpetaInstalacionPorDefecto();
-    const QStringList args = app.arguments();
-    const int i = args.indexOf(QStringLiteral("--datos"));
-    if (i > 0 && i + 1 < args.size())
-        sesion.AppPath = args.at(i + 1);
+    SustituirLetras();
+
+    Sesion s;
+    s.AppPath = carpetaInstalacion(app.arguments());
+    QDir().mkpath(s.AppPath);
+    Ajustes a(s.AppPath);
+    DialogoVentanas d;
+
+    // The splash: screen font, one copy of the program per installation, where the data are.
+    s.NombreLetra = a.leer(QStringLiteral("Valores"), QStringLiteral("NLetra"));
+    s.TamanoLetra =
+        static_cast<qint16>(a.leerNumero(QStringLiteral("Valores"), QStringLiteral("TLetra"), 9));
+    QApplication::setFont(QFont(s.NombreLetra, s.TamanoLetra));
+    InstanciaUnica instancia(s.AppPath);
+    if (!instancia.conseguida()) {
+        d.Informar(MsgYaCargado);
+        return 0;
+    }
+    Form29 splash(a);
+    splash.show();
+    QApplication::processEvents();
+    if (ExistePLoc(s))
+        s.DataPath = LeerPLoc(s);
+
+    // The installation database; the program cannot go on without it.
+    bool nueva = false;
     try {
-        Ajustes ajustes(sesion.AppPath);
-        if (!ExistePLoc(sesion))
-            EscribirPLoc(sesion, sesion.AppPath);
-        sesion.DataPath = LeerPLoc(sesion);
-        PrimerArranque(sesion, ajustes);
-    } catch (const std::exception& e) {
-        QMessageBox::critical(nullptr, QStringLiteral("Quilmar"), QString::fromStdString(e.what()));
+        nueva = PrepararInstalacion(s);
+        AbrirAvisos(s);
+    } catch (const ErrorQuilmar& e) {
+        std::fprintf(stderr, "%s\n", qPrintable(e.mensaje()));
         return 1;
     }
-    QMainWindow ventana;
-    ventana.setWindowTitle(QStringLiteral("Quilmar [Principal] "));
-    ventana.setCentralWidget(new QLabel(QStringLiteral("Quilmar")));
-    ventana.resize(900, 600);
-    ventana.show();
+
+    try {
+        const DecisionAcceso acceso = DecidirAcceso(s);
+        if (acceso.necesario && !Form44::PedirAcceso(s, a, d, acceso))
+            return 0;
+    } catch (const ErrorQuilmar& e) {
+        d.Informar(e.mensaje());
+        return 1;
+    }
+
+    if (s.DataPath.isEmpty()) {
+        Form102 f(s, a, d);
+        f.exec();
+        if (s.DataPath.isEmpty())
+            s.DataPath = s.AppPath;
+    }
+
+    // A first start with no company anywhere brings the demo company, so that there is something
+    // to look at at once. The choice of company is still the access screen's.
+    if (nueva && CarpetasEmpresa(s.DataPath).isEmpty()) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        try {
+            InstalarEmpresaDemo(s, a);
+        } catch (const ErrorQuilmar& e) {
+            QApplication::restoreOverrideCursor();
+            d.Informar(e.mensaje());
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        }
+        QApplication::restoreOverrideCursor();
+        s.EmpresaActual.clear();
+        s.AnoActual = 0;
+    }
+
+    Form1 tablero(s, a, d);
+    tablero.setPresentacion(&splash);
+    tablero.Cargar();
+    tablero.show();
+    if (!tablero.AccesoEmpresas())
+        return 0;
+    tablero.TrasAcceso();
     return app.exec();
 }

@@ -44,6 +44,22 @@ QStringList ContextoCli::opciones(const QString& nombre) const {
     return r;
 }
 
+QString ContextoCli::global(const QString& nombre) const {
+    QString r;
+    for (int i = 0; i < valores.size(); ++i)
+        if (valores.at(i).first == nombre && (i < antesDelVerbo || !propias.contains(nombre)))
+            r = valores.at(i).second;
+    return r;
+}
+
+QString ContextoCli::propia(const QString& nombre) const {
+    QString r;
+    for (int i = antesDelVerbo; i < valores.size(); ++i)
+        if (valores.at(i).first == nombre)
+            r = valores.at(i).second;
+    return r;
+}
+
 bool ContextoCli::bandera(const QString& nombre) const {
     return tiene(nombre);
 }
@@ -56,7 +72,7 @@ bool ContextoCli::tiene(const QString& nombre) const {
 }
 
 void ContextoCli::abrirEmpresa() {
-    if (comprobarAcceso)
+    if (comprobarAcceso && !accesoComprobado)
         comprobarAcceso(*this);
     QString empresa = opcion(QStringLiteral("empresa"));
     if (empresa.isEmpty())

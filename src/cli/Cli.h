@@ -33,10 +33,20 @@ public:
     // Opens the company and exercise of --empresa/--ano (else those of the Inicio settings, else
     // the company's latest exercise) into the session, checking the login. Throws ErrorQuilmar.
     void abrirEmpresa();
-    // The hook that checks --usuario/--clave against the users of the installation.
+    // The hook that checks --usuario/--clave against the users of the installation; it runs
+    // once per command.
     static std::function<void(ContextoCli&)> comprobarAcceso;
+    bool accesoComprobado = false;
+
+    // A global option (--usuario, --clave...): given before the verb, or after it unless the verb
+    // takes an option of that name as its own.
+    QString global(const QString& nombre) const;
+    // An option the verb takes as its own although a global one has its name: after the verb.
+    QString propia(const QString& nombre) const;
 
     QList<QPair<QString, QString>> valores; // (option, value), in order; flags have empty values
+    int antesDelVerbo = 0;                  // how many of them were given before the verb
+    QStringList propias;                    // the verb's own options that share a global name
 };
 
 struct Verbo {
@@ -45,7 +55,14 @@ struct Verbo {
     QString uso;          // the whole help of the verb
     QStringList banderas; // options of the verb that take no value
     std::function<int(ContextoCli&)> ejecutar;
+    // Options of the verb named as a global one (user verbs take --clave for the new password);
+    // after the verb they are the verb's.
+    QStringList propias = {};
 };
+
+// The login of the desktop for the command line: when the installation asks for one, --usuario
+// and --clave must let the user in, with the same rules and messages. Throws Rechazo.
+void ComprobarAccesoCli(ContextoCli& c);
 
 const QList<Verbo>& VerbosRegistrados();
 

@@ -63,6 +63,7 @@ int main(int argc, char** argv) {
     const Verbo* verbo = nullptr;
     QList<QPair<QString, QString>> valores;
     QStringList posicionales;
+    int antesDelVerbo = 0;
     for (int i = 0; i < args.size(); ++i) {
         const QString a = args.at(i);
         if (a.startsWith(QLatin1String("--"))) {
@@ -91,6 +92,7 @@ int main(int argc, char** argv) {
                 return 1;
             }
             verbo = &*it;
+            antesDelVerbo = static_cast<int>(valores.size());
         } else {
             posicionales << a;
         }
@@ -133,7 +135,12 @@ int main(int argc, char** argv) {
 
         ContextoCli ctx(sesion, ajustes, dialogo, salida);
         ctx.valores = valores;
+        ctx.antesDelVerbo = antesDelVerbo;
+        ctx.propias = verbo->propias;
         ctx.posicionales = posicionales;
+        // The same login as the desktop, before any verb.
+        ContextoCli::comprobarAcceso = ComprobarAccesoCli;
+        ComprobarAccesoCli(ctx);
         const int r = verbo->ejecutar(ctx);
         salida.flush();
         return r;

@@ -2,6 +2,7 @@
 
 #include "platform/Ajustes.h"
 #include "platform/Almacen.h"
+#include "platform/Dialogo.h"
 #include "store/CargarEmp.h"
 #include "store/Conexiones.h"
 #include "store/Esquema.h"
@@ -12,6 +13,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QRegularExpression>
 
 const QString MsgCodigoReservado =
@@ -149,4 +151,88 @@ void CrearEmpresa(Sesion& s, Ajustes& a, const DatosNuevaEmpresa& d, bool reserv
     }
     AnadirNemp(s.rutaNemp(), {d.Codigo, nombre});
     SeleccionarEmpresa(s, a, empresa, nombre, ano);
+}
+
+const QString MsgSeleccioneEmpresa = QStringLiteral("Tiene que seleccionar una Empresa.");
+const QString MsgSituarseEnOtraEmpresa =
+    QStringLiteral("Para eliminar una empresa tiene que situarse en otra.");
+
+DatosNuevaEmpresa LeerDatosEmpresa(const Sesion& s) {
+    Conexion c = AbrirDatos(s);
+    QSqlQuery q = c.ejecutar(QStringLiteral("SELECT Codigo, Nombre, NIF, Domicilio, \"Nº\", "
+                                            "Ciudad, CPostal, Provincia, FechaIni FROM Empresa"));
+    DatosNuevaEmpresa d;
+    if (!q.next())
+        return d;
+    auto texto = [&](int i) {
+        return q.value(i).toString().trimmed();
+    };
+    d.Codigo = texto(0);
+    d.Nombre = texto(1);
+    d.NIF = texto(2);
+    d.Domicilio = texto(3);
+    d.Numero = texto(4);
+    d.Ciudad = texto(5);
+    d.CPostal = texto(6);
+    d.Provincia = texto(7);
+    d.FechaIni = DeISO(texto(8));
+    return d;
+}
+
+void GuardarDatosEmpresa(Sesion& s, const DatosNuevaEmpresa& d) {
+    if (d.Nombre.trimmed().isEmpty())
+        throw Rechazo(QStringLiteral("Debe introducir el nombre de la Empresa."));
+    if (!d.FechaIni.isValid())
+        throw Rechazo(QStringLiteral("La fecha introducida no es una fecha válida."));
+    Conexion c = AbrirDatos(s);
+    Transaccion t(c);
+    c.ejecutar(QStringLiteral("UPDATE Empresa SET Nombre = ?, NIF = ?, Domicilio = ?, \"Nº\" = ?, "
+                              "Ciudad = ?, CPostal = ?, Provincia = ?, FechaIni = ?"),
+               {d.Nombre.trimmed(), d.NIF.trimmed(), d.Domicilio.trimmed(),
+                d.Numero.trimmed().isEmpty() ? QVariant() : QVariant(d.Numero.trimmed()),
+                d.Ciudad.trimmed(), d.CPostal.trimmed(), d.Provincia.trimmed(),
+                FechaISO(d.FechaIni)});
+    t.confirmar();
+    CargarEjercicio(s, c);
+}
+
+bool EliminarEmpresa(Sesion& s, Dialogo& d, const QString& codigo, const QString& nombre) {
+    if (nombre.trimmed().isEmpty()) {
+        d.Informar(MsgSeleccioneEmpresa);
+        return false;
+    }
+    static const QRegularExpression tresCifras(QStringLiteral("^\\d{3}$"));
+    if (!tresCifras.match(codigo).hasMatch())
+        throw Rechazo(QStringLiteral("El código de la Empresa tiene que tener tres cifras."));
+    const QString carpeta = QStringLiteral("Emp") + codigo;
+    if (carpeta.compare(s.EmpresaActual, Qt::CaseInsensitive) == 0) {
+        d.Informar(MsgSituarseEnOtraEmpresa);
+        return false;
+    }
+    if (!d.Preguntar(QStringLiteral("Está se guro de que desea eliminar la Empresa ") +
+                     nombre.trimmed() + QStringLiteral("?")))
+        return false;
+    if (!d.Preguntar(QStringLiteral("Al eliminar la Empresa ") + nombre.trimmed() +
+                     QStringLiteral(" se borrarán definitivamente todos sus datos, incluidos "
+                                    "todos los ejercicios de la misma. Confirma que desea "
+                                    "eliminarla?")))
+        return false;
+
+    QDir dir(s.carpetaEmpresa(carpeta));
+    if (dir.exists() && !dir.removeRecursively())
+        throw ErrorAlmacen(QStringLiteral("No se pudieron borrar todos los archivos de la "
+                                          "carpeta %1.")
+                               .arg(QDir::toNativeSeparators(dir.path())));
+    // Nemp.dat is rewritten through a copy without the company's record.
+    QList<RegistroNemp> quedan;
+    for (const RegistroNemp& r : LeerNemp(s.rutaNemp()))
+        if (r.Codigo != codigo)
+            quedan << r;
+    const QString nemp2 = QDir(s.AppPath).filePath(QStringLiteral("2Nemp.dat"));
+    EscribirNemp(nemp2, quedan);
+    QFile::remove(s.rutaNemp());
+    if (!QFile::rename(nemp2, s.rutaNemp()))
+        throw ErrorAlmacen(QStringLiteral("No se pudo escribir el archivo %1.")
+                               .arg(QDir::toNativeSeparators(s.rutaNemp())));
+    return true;
 }

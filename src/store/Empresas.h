@@ -6,6 +6,7 @@
 #include <QString>
 
 class Ajustes;
+class Dialogo;
 struct Sesion;
 
 struct DatosNuevaEmpresa {
@@ -46,3 +47,17 @@ int UltimoEjercicio(const Sesion& s, const QString& empresa);
 // Inicio\Nombre, and the exercise state loaded from its database.
 void SeleccionarEmpresa(Sesion& s, Ajustes& a, const QString& empresa, const QString& nombre,
                         int ano);
+
+// The row of Empresa of the current exercise, as the modification screen shows it (EmpresaOrigen
+// and the copy flags stay empty).
+DatosNuevaEmpresa LeerDatosEmpresa(const Sesion& s);
+// Writes it back, texts trimmed, an empty number as Null, and the start date; the session's
+// exercise dates follow. The code and the lists of companies and exercises are not touched.
+void GuardarDatosEmpresa(Sesion& s, const DatosNuevaEmpresa& d);
+
+extern const QString MsgSeleccioneEmpresa;     // "Tiene que seleccionar una Empresa."
+extern const QString MsgSituarseEnOtraEmpresa; // "Para eliminar una empresa tiene que ..."
+
+// Deletes a company after two confirmations: its folder with everything in it and its record of
+// Nemp.dat. The session's current company is refused. False when refused or not confirmed.
+bool EliminarEmpresa(Sesion& s, Dialogo& d, const QString& codigo, const QString& nombre);

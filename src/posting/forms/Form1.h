@@ -1,0 +1,109 @@
+#pragma once
+// The board: the long-lived window of the program. It carries the menus and the toolbar from
+// which every other screen opens, the exercise box, the cover picture, and the places of the
+// seven areas of the chart.
+//
+// Screens are wired in one place, conectarMenus(). A screen that comes later finds its entry by
+// the menu's name and wires it with Conectar("mnuGC", ...), which also enables it; the toolbar
+// buttons share the actions of their menu entries.
+
+#include <QList>
+#include <QMainWindow>
+#include <QPointer>
+#include <functional>
+
+class Ajustes;
+class Dialogo;
+class QAction;
+class QComboBox;
+class QFrame;
+class QLabel;
+class QPushButton;
+class QStackedWidget;
+class QTimer;
+struct Sesion;
+
+class Form1 : public QMainWindow {
+    Q_OBJECT
+public:
+    Form1(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre = nullptr);
+
+    // The load of the board up to the access to companies: session values from the settings,
+    // background colour, decimal mark.
+    void Cargar();
+    // Shows the access to companies modally and applies the choice. False when the program
+    // must end (Salir, or a repair of the lists).
+    bool AccesoEmpresas();
+    // What follows a company choice at start: the areas, the exercise state, and Timer3, which
+    // takes the splash away and shows the welcome screen.
+    void TrasAcceso();
+
+    // The areas' lists. For now this only sets the session's highest subaccount serial (needed
+    // to number new subaccounts); filling the seven lists comes with the areas themselves.
+    void LlenarAreas();
+
+    // An action of the menus by its name (mnuGC, mnuEliminarAs...), or nullptr.
+    QAction* accion(const QString& nombre) const;
+    // A toolbar button by its index, 1 to 20; separators (3, 9, 12, 19) are separator actions.
+    QAction* boton(int indice) const;
+    // Wires a menu entry (and its toolbar button, if any) to a screen and enables it.
+    void Conectar(const QString& nombre, std::function<void()> accion);
+    // The place of area i (0 to 6), empty until the areas are built.
+    QFrame* area(int i) const;
+
+    bool BoardVisible() const { return boardVisible_; }
+    QString nombreEmpresa() const { return nombre_; }
+    // The splash to take away when Timer3 fires.
+    void setPresentacion(QWidget* splash) { splash_ = splash; }
+
+public Q_SLOTS:
+    // Any screen that changes the current exercise asks the board to take the session again:
+    // exercise state, year box and its colour, caption, areas.
+    void Refrescar();
+    // Shows or hides the cover, as the menu entry mnuImagenes and toolbar button 4 do.
+    void AlternarPortada();
+
+Q_SIGNALS:
+    // The company, the year or the state of the exercise changed.
+    void sesionCambiada();
+    // The first company of the session is loaded (the place of the start-up's later steps:
+    // due-date lights, reminders, periodic entries).
+    void cargaTerminada();
+
+protected:
+    void closeEvent(class QCloseEvent* e) override;
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+private:
+    void crearMenus();
+    void crearBarra();
+    void crearCentro();
+    void conectarMenus();
+    void aplicarSeleccion(const QString& nombre, const QList<int>& anos);
+    void ponerTitulo();
+    void colorearEjercicio();
+    void anoElegido(int indice);
+    void abrirEjercicios();
+    void abrirModificarEmpresa();
+    void abrirEliminarEmpresa();
+    void abrirUsuarios();
+    void abrirConfiguracion();
+    void abrirBienvenida();
+    void finTimer3();
+
+    Sesion& s_;
+    Ajustes& a_;
+    Dialogo& d_;
+    QString nombre_;
+    bool boardVisible_ = false;
+    QList<QAction*> botones_; // by toolbar index; 0 unused
+    QComboBox* Combo1;
+    QPushButton* Command4; // due-date light of collections
+    QPushButton* Command5; // due-date light of payments
+    QStackedWidget* centro_;
+    QWidget* Picture4; // the cover
+    QLabel* Image2;    // its picture
+    QFrame* areas_[7];
+    QTimer* Timer3;
+    QPointer<QWidget> splash_;
+};
