@@ -4,6 +4,7 @@
 #include "chart/forms/Ventanas.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/Ventana.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -62,7 +63,8 @@ FORM84::FORM84(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     connect(aceptar, &QPushButton::clicked, this, [this] { Aceptar(); });
     connect(salir, &QPushButton::clicked, this, &QDialog::reject);
 
-    TamanoGuardado(this, a, 84, QSize(380, 420));
+    resize(380, 420);
+    PrepararVentana(this, a, 84);
     llenar();
 }
 

@@ -5,6 +5,7 @@
 #include "chart/forms/Ventanas.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/Ventana.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -62,7 +63,8 @@ Form21::Form21(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     connect(desaparcar, &QAction::triggered, this, [this] { DesaparcarSeleccionada(); });
     connect(salir, &QPushButton::clicked, this, &QDialog::reject);
 
-    TamanoGuardado(this, a, 21, QSize(640, 480));
+    resize(640, 480);
+    PrepararVentana(this, a, 21);
     MostrarArea(0);
 }
 

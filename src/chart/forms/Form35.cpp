@@ -4,6 +4,7 @@
 #include "chart/forms/Ventanas.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/Ventana.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -66,7 +67,8 @@ Form35::Form35(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     connect(aceptar, &QPushButton::clicked, this, [this] { Aceptar(); });
     connect(salir, &QPushButton::clicked, this, &QDialog::reject);
 
-    TamanoGuardado(this, a, 35, QSize(480, 440));
+    resize(480, 440);
+    PrepararVentana(this, a, 35);
     llenar();
 }
 

@@ -4,6 +4,7 @@
 #include "chart/forms/Ventanas.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/Ventana.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 #include "store/Sesion.h"
@@ -23,7 +24,7 @@ namespace {
 constexpr int ColNCuenta = 3;
 }
 
-Form48::Form48(Sesion& s, Ajustes&, Dialogo& d, QWidget* padre) : QDialog(padre), s_(s), d_(d) {
+Form48::Form48(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padre), s_(s), d_(d) {
     setObjectName(QStringLiteral("Form48"));
     setWindowTitle(QStringLiteral("Quilmar [Tipos de IVA]"));
     auto* raiz = new QVBoxLayout(this);
@@ -103,6 +104,7 @@ Form48::Form48(Sesion& s, Ajustes&, Dialogo& d, QWidget* padre) : QDialog(padre)
     Combo1->setCurrentIndex(-1);
     llenar();
     resize(560, 460);
+    PrepararVentana(this, a);
 }
 
 void Form48::llenar() {

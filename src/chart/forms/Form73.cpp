@@ -5,6 +5,7 @@
 #include "chart/forms/Ventanas.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/Ventana.h"
 #include "store/Conexiones.h"
 #include "store/Sesion.h"
 
@@ -55,6 +56,7 @@ Form73::Form73(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre, bool seleccion
     Option2->setChecked(true);
     MostrarArea(0);
     resize(940, 660);
+    PrepararVentana(this, a_);
 }
 
 void Form73::construir() {

@@ -1,37 +1,7 @@
 #include "chart/forms/Ventanas.h"
 
-#include "platform/Ajustes.h"
-
-#include <QEvent>
-#include <QGuiApplication>
 #include <QHeaderView>
-#include <QScreen>
 #include <QTableWidget>
-
-namespace {
-
-class GuardaTamano : public QObject {
-public:
-    GuardaTamano(QWidget* ventana, Ajustes& a, int n) : QObject(ventana), a_(a), n_(n) {}
-    bool eventFilter(QObject* o, QEvent* e) override {
-        if (e->type() == QEvent::Close)
-            a_.guardarTamanoVentana(n_, static_cast<QWidget*>(o)->size());
-        return false;
-    }
-
-private:
-    Ajustes& a_;
-    int n_;
-};
-
-} // namespace
-
-void TamanoGuardado(QWidget* ventana, Ajustes& ajustes, int n, QSize disenado) {
-    QScreen* pantalla = ventana->screen() ? ventana->screen() : QGuiApplication::primaryScreen();
-    const QSize area = pantalla ? pantalla->availableSize() : disenado;
-    ventana->resize(ajustes.tamanoVentana(n, disenado, area));
-    ventana->installEventFilter(new GuardaTamano(ventana, ajustes, n));
-}
 
 QTableWidget* NuevaLista(QWidget* padre, const QString& nombre, const QStringList& titulos,
                          int ocultas) {

@@ -1,16 +1,10 @@
 #pragma once
-// Small pieces the chart's screens share: the stored window size of a numbered form, and the
-// read-only list grids with a hidden key column.
+// The read-only list grids the chart's screens share, with hidden key columns.
 
-#include <QSize>
 #include <QStringList>
 
-class Ajustes;
 class QTableWidget;
 class QWidget;
-
-// Gives form n its stored size (WF<n>, HF<n>) now and stores its size when it closes.
-void TamanoGuardado(QWidget* ventana, Ajustes& ajustes, int n, QSize disenado);
 
 // A list grid: whole rows selected one at a time, not editable; the last `ocultas` columns are
 // hidden keys.
