@@ -557,3 +557,27 @@ void Form1::closeEvent(QCloseEvent* e) {
             w->close();
     e->accept();
 }
+
+void Form1::registrarLibro(QWidget* ventana, const QString& tipo) {
+    libros_ << qMakePair(QPointer<QWidget>(ventana), tipo);
+}
+
+QList<QWidget*> Form1::librosAbiertos(const QString& tipo) const {
+    QList<QWidget*> r;
+    for (const auto& l : libros_)
+        if (l.first && (tipo.isEmpty() || l.second == tipo))
+            r << l.first.data();
+    return r;
+}
+
+void Form1::cerrarLibros(const QString& tipo) {
+    for (QWidget* w : librosAbiertos(tipo))
+        w->close();
+    QCoreApplication::processEvents();
+}
+
+void Form1::refrescarLibros() {
+    for (QWidget* w : librosAbiertos())
+        if (w->metaObject()->indexOfSlot("Refrescar()") >= 0)
+            QMetaObject::invokeMethod(w, "Refrescar");
+}

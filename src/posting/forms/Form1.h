@@ -51,6 +51,15 @@ public:
     // The place of area i (0 to 6), empty until the areas are built.
     QFrame* area(int i) const;
 
+    // Open book windows (journal, ledger, trial balance...) register here, by kind ("Diario",
+    // "Mayor", "SyS", ...), so that other screens can close them (renumbering closes an open
+    // journal, whose numbers would be stale) or refresh them after an entry changes. A window
+    // leaves the register when it is destroyed. Refreshing calls its slot Refrescar(), if any.
+    void registrarLibro(QWidget* ventana, const QString& tipo);
+    QList<QWidget*> librosAbiertos(const QString& tipo = {}) const;
+    void cerrarLibros(const QString& tipo = {});
+    void refrescarLibros();
+
     bool BoardVisible() const { return boardVisible_; }
     QString nombreEmpresa() const { return nombre_; }
     // The splash to take away when Timer3 fires.
@@ -106,4 +115,5 @@ private:
     QFrame* areas_[7];
     QTimer* Timer3;
     QPointer<QWidget> splash_;
+    QList<QPair<QPointer<QWidget>, QString>> libros_;
 };

@@ -1,0 +1,65 @@
+#include "platform/forms/ModeloRejilla.h"
+
+#include "platform/Rejilla.h"
+
+ModeloRejilla::ModeloRejilla(QObject* padre) : QAbstractTableModel(padre) {
+    negrita_.setBold(true);
+}
+
+void ModeloRejilla::ponerRejilla(const Rejilla* rejilla) {
+    beginResetModel();
+    rejilla_ = rejilla;
+    endResetModel();
+}
+
+void ModeloRejilla::recargar() {
+    beginResetModel();
+    endResetModel();
+}
+
+void ModeloRejilla::ponerFuente(const QFont& fuente) {
+    negrita_ = fuente;
+    negrita_.setBold(true);
+}
+
+int ModeloRejilla::rowCount(const QModelIndex& padre) const {
+    return padre.isValid() || !rejilla_ ? 0 : rejilla_->Filas();
+}
+
+int ModeloRejilla::columnCount(const QModelIndex& padre) const {
+    return padre.isValid() || !rejilla_ ? 0 : rejilla_->Columnas();
+}
+
+QVariant ModeloRejilla::data(const QModelIndex& i, int rol) const {
+    if (!rejilla_ || !i.isValid())
+        return {};
+    switch (rol) {
+    case Qt::DisplayRole:
+        return rejilla_->Celda(i.row(), i.column());
+    case Qt::FontRole:
+        if (rejilla_->Negrita(i.row(), i.column()))
+            return negrita_;
+        return {};
+    case Qt::TextAlignmentRole: {
+        // A merged row's text reads from the left whatever its column holds.
+        const auto tramo = rejilla_->Combinada(i.row());
+        const bool derecha =
+            rejilla_->Numerica(i.column()) && !(tramo && tramo->desde == i.column());
+        return QVariant::fromValue(Qt::AlignVCenter | (derecha ? Qt::AlignRight : Qt::AlignLeft));
+    }
+    default:
+        return {};
+    }
+}
+
+QVariant ModeloRejilla::headerData(int seccion, Qt::Orientation orientacion, int rol) const {
+    if (!rejilla_ || orientacion != Qt::Horizontal || seccion < 0 ||
+        seccion >= rejilla_->Columnas())
+        return QAbstractTableModel::headerData(seccion, orientacion, rol);
+    if (rol == Qt::DisplayRole)
+        return rejilla_->columna(seccion).titulo;
+    if (rol == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::AlignVCenter |
+                                   (rejilla_->Numerica(seccion) ? Qt::AlignRight : Qt::AlignLeft));
+    return {};
+}
