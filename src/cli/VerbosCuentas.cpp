@@ -5,6 +5,7 @@
 #include "chart/Aparcar.h"
 #include "chart/CliPro.h"
 #include "chart/Conceptos.h"
+#include "chart/Listados.h"
 #include "chart/NCuenta.h"
 #include "chart/PlanCuentas.h"
 #include "chart/Sectores.h"
@@ -12,6 +13,8 @@
 #include "cli/Cli.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/ExportarRejilla.h"
+#include "platform/ImpresoraPintor.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 #include "store/Sesion.h"
@@ -63,8 +66,43 @@ bool hayOpcionesDeFicha(ContextoCli& c) {
     return false;
 }
 
+// A printed list as the books give it: --formato txt|csv|xlsx|pdf and --salida FICHERO (text on
+// standard output when no file is given).
+bool pideListado(ContextoCli& c) {
+    return c.tiene(QStringLiteral("formato")) || c.tiene(QStringLiteral("salida"));
+}
+
+int sacarListado(ContextoCli& c, const Listado& l) {
+    const QString nombre = c.opcion(QStringLiteral("formato"), QStringLiteral("txt"));
+    const QString ruta = c.opcion(QStringLiteral("salida"));
+    if (nombre.compare(QLatin1String("pdf"), Qt::CaseInsensitive) == 0) {
+        if (ruta.isEmpty())
+            throw Rechazo(QStringLiteral("Indique el fichero PDF con --salida."));
+        OpcionesPdf o;
+        o.titulo = l.titulo;
+        ImprimirPdf(
+            ruta, [&l](Impresora& imp, int) { DibujarListado(imp, l); }, o);
+        return 0;
+    }
+    const std::optional<FormatoExportacion> formato = FormatoExportacionDeNombre(nombre);
+    if (!formato)
+        throw Rechazo(
+            QStringLiteral("Formato desconocido: %1. Use txt, csv, xlsx o pdf.").arg(nombre));
+    if (ruta.isEmpty()) {
+        if (*formato == FormatoExportacion::Xlsx)
+            throw Rechazo(QStringLiteral("Indique el fichero con --salida."));
+        EscribirDelimitado(l.rejilla, c.salida, *formato == FormatoExportacion::Csv ? u';' : u'\t');
+        return 0;
+    }
+    ExportarRejilla(l.rejilla, ruta, *formato);
+    return 0;
+}
+
 int cuentas(ContextoCli& c) {
     c.abrirEmpresa();
+    if (pideListado(c))
+        return sacarListado(
+            c, ListadoPlan(c.sesion, area(c), c.bandera(QStringLiteral("solo-cuentas"))));
     QList<int> areas;
     if (c.tiene(QStringLiteral("area")))
         areas << area(c);
@@ -202,6 +240,8 @@ int desaparcar(ContextoCli& c) {
 
 int aparcadas(ContextoCli& c) {
     c.abrirEmpresa();
+    if (pideListado(c))
+        return sacarListado(c, ListadoAparcar(c.sesion, area(c)));
     QList<QStringList> filas{{QStringLiteral("Subcuenta"), QStringLiteral("Cuenta"),
                               QStringLiteral("Aparcada"), QStringLiteral("Desde")}};
     for (int a = 0; a < NumeroAreas; ++a)
@@ -225,6 +265,8 @@ int tipoIva(ContextoCli& c) {
 
 int tiposIva(ContextoCli& c) {
     c.abrirEmpresa();
+    if (pideListado(c))
+        return sacarListado(c, ListadoTiposIva(c.sesion));
     Conexion cx = AbrirDatos(c.sesion);
     QList<QStringList> filas{{QStringLiteral("Subcuenta"), QStringLiteral("Cuenta"),
                               QStringLiteral("Porcentaje"), QStringLiteral("Clase")}};
@@ -283,6 +325,8 @@ int concepto(ContextoCli& c) {
 
 int conceptos(ContextoCli& c) {
     c.abrirEmpresa();
+    if (pideListado(c))
+        return sacarListado(c, ListadoConceptos(c.sesion));
     QList<QStringList> filas{{QStringLiteral("Código"), QStringLiteral("Concepto")}};
     for (const FilaConcepto& f : ListaConceptos(c.sesion))
         filas << QStringList{QString::number(f.Codigo), f.Nombre};
@@ -298,11 +342,15 @@ const QString OpcionesFicha = QStringLiteral(
 const AltaVerbo altas[]{
     AltaVerbo{{QStringLiteral("cuentas"),
                QStringLiteral("lista el plan de cuentas"),
-               QStringLiteral("Uso: quilmar-cli cuentas [--area N]\n\nLista las Cuentas y, tras "
+               QStringLiteral("Uso: quilmar-cli cuentas [--area N]\n"
+                              "       quilmar-cli cuentas --area N [--solo-cuentas] --formato "
+                              "txt|csv|xlsx|pdf [--salida FICHERO]\n\nLista las Cuentas y, tras "
                               "cada una, sus Subcuentas: Código, Nombre y Grupo (el nombre de la "
                               "Cuenta de cada Subcuenta), separados por tabuladores. Con --area, "
-                              "sólo las del área N (0 a 6)."),
-               {},
+                              "sólo las del área N (0 a 6).\nCon --formato o --salida da el "
+                              "listado impreso del área: 'Listado de Subcuentas' o, con "
+                              "--solo-cuentas, 'Listado de Cuentas'."),
+               {QStringLiteral("solo-cuentas")},
                cuentas}},
     AltaVerbo{{QStringLiteral("crear-cuenta"),
                QStringLiteral("añade una Cuenta al plan"),
@@ -364,7 +412,10 @@ const AltaVerbo altas[]{
                desaparcar}},
     AltaVerbo{{QStringLiteral("aparcadas"),
                QStringLiteral("lista las Subcuentas aparcadas"),
-               QStringLiteral("Uso: quilmar-cli aparcadas"),
+               QStringLiteral(
+                   "Uso: quilmar-cli aparcadas\n       quilmar-cli aparcadas --area N --formato "
+                   "txt|csv|xlsx|pdf [--salida FICHERO]\n\nSin --formato lista las "
+                   "Subcuentas aparcadas; con él, el 'LISTADO DE CUENTAS' del área."),
                {},
                aparcadas}},
     AltaVerbo{
@@ -377,7 +428,9 @@ const AltaVerbo altas[]{
          tipoIva}},
     AltaVerbo{{QStringLiteral("tipos-iva"),
                QStringLiteral("lista las Subcuentas de IVA"),
-               QStringLiteral("Uso: quilmar-cli tipos-iva"),
+               QStringLiteral("Uso: quilmar-cli tipos-iva [--formato txt|csv|xlsx|pdf --salida "
+                              "FICHERO]\n\nCon --formato o --salida, el listado 'Subcuentas de "
+                              "IVA'."),
                {},
                tiposIva}},
     AltaVerbo{{QStringLiteral("sector-anadir"),
@@ -412,7 +465,9 @@ const AltaVerbo altas[]{
                concepto}},
     AltaVerbo{{QStringLiteral("conceptos"),
                QStringLiteral("lista los Conceptos predefinidos"),
-               QStringLiteral("Uso: quilmar-cli conceptos"),
+               QStringLiteral("Uso: quilmar-cli conceptos [--formato txt|csv|xlsx|pdf --salida "
+                              "FICHERO]\n\nCon --formato o --salida, el listado 'Conceptos "
+                              "predefinidos'."),
                {},
                conceptos}},
 };

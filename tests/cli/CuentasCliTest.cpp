@@ -144,4 +144,33 @@ TEST_F(CliCuentas, Sectores) {
     EXPECT_EQ(cli({"sectores"}).salida, "Sector\nTaller\n");
 }
 
+TEST_F(CliCuentas, ListadosEnTextoHojaYPdf) {
+    ResultadoCli r = cli({"cuentas", "--area", "1", "--formato", "txt"});
+    EXPECT_EQ(r.salida, "Código\tSubcuenta\tCuenta\n"
+                        "157200003\tBanco\tBancos e instituciones de crédito c/c vista, euros\n"
+                        "157000001\tCaja\tCaja, euros\n");
+    r = cli({"cuentas", "--area", "0", "--solo-cuentas", "--formato", "txt"});
+    EXPECT_TRUE(r.salida.startsWith("Código\tCuenta\n100\tCapital social\n"));
+    r = cli({"tipos-iva", "--formato", "csv"});
+    EXPECT_TRUE(r.salida.contains("Tipo;Concepto;Clase\n"));
+    EXPECT_TRUE(r.salida.contains("5,2;Recargo equiv. 5,2%;Recargo\n"));
+
+    const QString pdf = dir.filePath("subcuentas.pdf");
+    r = cli({"cuentas", "--area", "4", "--formato", "pdf", "--salida", pdf});
+    EXPECT_EQ(r.codigo, 0) << r.error.toStdString();
+    QFile f(pdf);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(f.read(5) == "%PDF-");
+    const QString hoja = dir.filePath("conceptos.xlsx");
+    EXPECT_EQ(cli({"conceptos", "--formato", "xlsx", "--salida", hoja}).codigo, 0);
+    EXPECT_TRUE(QFile::exists(hoja));
+
+    r = cli({"conceptos", "--formato", "doc"});
+    EXPECT_EQ(r.codigo, 1);
+    EXPECT_EQ(r.error.trimmed(), "Formato desconocido: doc. Use txt, csv, xlsx o pdf.");
+    r = cli({"aparcadas", "--formato", "txt"});
+    EXPECT_EQ(r.codigo, 1);
+    EXPECT_EQ(r.error.trimmed(), "Indique el área con --area, de 0 a 6.");
+}
+
 } // namespace

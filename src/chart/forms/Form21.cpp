@@ -1,6 +1,7 @@
 #include "chart/forms/Form21.h"
 
 #include "chart/Aparcar.h"
+#include "chart/Listados.h"
 #include "chart/NCuenta.h"
 #include "chart/forms/Ventanas.h"
 #include "platform/Dialogo.h"
@@ -18,7 +19,8 @@ namespace {
 constexpr int ColNCuenta = 3;
 }
 
-Form21::Form21(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padre), s_(s), d_(d) {
+Form21::Form21(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
+    : QDialog(padre), s_(s), a_(a), d_(d) {
     setObjectName(QStringLiteral("Form21"));
     setWindowTitle(QStringLiteral("Quilmar [Aparcar]"));
     auto* raiz = new QVBoxLayout(this);
@@ -37,6 +39,14 @@ Form21::Form21(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     raiz->addLayout(listas, 1);
 
     auto* botones = new QHBoxLayout;
+    auto* imprimir = new QPushButton(QStringLiteral("Imprimir"), this);
+    imprimir->setObjectName(QStringLiteral("Command1"));
+    auto* exportar = new QPushButton(QStringLiteral("Exportar"), this);
+    exportar->setObjectName(QStringLiteral("Command3"));
+    for (QPushButton* b : {imprimir, exportar}) {
+        b->setAutoDefault(false);
+        botones->addWidget(b);
+    }
     botones->addStretch();
     auto* salir = new QPushButton(QStringLiteral("Salir"), this);
     salir->setObjectName(QStringLiteral("Command2"));
@@ -62,6 +72,14 @@ Form21::Form21(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     connect(aparcar, &QAction::triggered, this, [this] { AparcarSeleccionada(); });
     connect(desaparcar, &QAction::triggered, this, [this] { DesaparcarSeleccionada(); });
     connect(salir, &QPushButton::clicked, this, &QDialog::reject);
+    connect(imprimir, &QPushButton::clicked, this, [this] { Imprimir(); });
+    connect(exportar, &QPushButton::clicked, this, [this] {
+        try {
+            ExportarListado(this, d_, ListadoAparcar(s_, area_));
+        } catch (const ErrorQuilmar& e) {
+            d_.Informar(e.mensaje());
+        }
+    });
 
     resize(640, 480);
     PrepararVentana(this, a, 21);
@@ -110,6 +128,14 @@ void Form21::DesaparcarSeleccionada() {
             llenar();
             Q_EMIT areasCambiadas();
         }
+    } catch (const ErrorQuilmar& e) {
+        d_.Informar(e.mensaje());
+    }
+}
+
+void Form21::Imprimir() {
+    try {
+        ImprimirListado(this, a_, ListadoAparcar(s_, area_));
     } catch (const ErrorQuilmar& e) {
         d_.Informar(e.mensaje());
     }

@@ -19,6 +19,8 @@ public:
     // The actions of the context menu, on the selected row.
     void AparcarSeleccionada();
     void DesaparcarSeleccionada();
+    // The list of the area on show, "LISTADO DE CUENTAS".
+    void Imprimir();
 
 Q_SIGNALS:
     // Parking changed what the board shows.
@@ -28,6 +30,7 @@ private:
     void llenar();
 
     Sesion& s_;
+    Ajustes& a_;
     Dialogo& d_;
     int area_ = 0;
     QTableWidget* MSFlexGrid1 = nullptr;

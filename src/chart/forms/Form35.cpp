@@ -1,6 +1,7 @@
 #include "chart/forms/Form35.h"
 
 #include "chart/Conceptos.h"
+#include "chart/Listados.h"
 #include "chart/forms/Ventanas.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
@@ -16,7 +17,8 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
-Form35::Form35(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padre), s_(s), d_(d) {
+Form35::Form35(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
+    : QDialog(padre), s_(s), a_(a), d_(d) {
     setObjectName(QStringLiteral("Form35"));
     setWindowTitle(QStringLiteral("Quilmar [Conceptos Predefinidos]"));
     auto* raiz = new QVBoxLayout(this);
@@ -54,13 +56,29 @@ Form35::Form35(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     modificar->setObjectName(QStringLiteral("mnuModificar"));
     QAction* eliminar = menu_->addAction(QStringLiteral("Eliminar"));
     eliminar->setObjectName(QStringLiteral("mnuEliminar"));
+    menu_->addSeparator();
+    QAction* imprimir = menu_->addAction(QStringLiteral("Imprimir"));
+    imprimir->setObjectName(QStringLiteral("mnuImprimirC"));
+    QAction* exportar = menu_->addAction(QStringLiteral("Exportar"));
+    exportar->setObjectName(QStringLiteral("mnuExportarC"));
 
-    connect(Grid1, &QWidget::customContextMenuRequested, this, [this](const QPoint& p) {
-        const int f = Grid1->rowAt(p.y());
-        if (f < 0)
-            return;
-        Grid1->selectRow(f);
-        menu_->popup(Grid1->viewport()->mapToGlobal(p));
+    // The menu serves the whole list too: printing and export need no row.
+    connect(Grid1, &QWidget::customContextMenuRequested, this,
+            [this, modificar, eliminar](const QPoint& p) {
+                const int f = Grid1->rowAt(p.y());
+                if (f >= 0)
+                    Grid1->selectRow(f);
+                modificar->setEnabled(f >= 0);
+                eliminar->setEnabled(f >= 0);
+                menu_->popup(Grid1->viewport()->mapToGlobal(p));
+            });
+    connect(imprimir, &QAction::triggered, this, [this] { Imprimir(); });
+    connect(exportar, &QAction::triggered, this, [this] {
+        try {
+            ExportarListado(this, d_, ListadoConceptos(s_));
+        } catch (const ErrorQuilmar& e) {
+            d_.Informar(e.mensaje());
+        }
     });
     connect(modificar, &QAction::triggered, this, [this] { ModificarSeleccionado(); });
     connect(eliminar, &QAction::triggered, this, [this] { EliminarSeleccionado(); });
@@ -111,6 +129,14 @@ void Form35::EliminarSeleccionado() {
     try {
         if (EliminarConcepto(s_, d_, codigo.toLongLong()))
             llenar();
+    } catch (const ErrorQuilmar& e) {
+        d_.Informar(e.mensaje());
+    }
+}
+
+void Form35::Imprimir() {
+    try {
+        ImprimirListado(this, a_, ListadoConceptos(s_));
     } catch (const ErrorQuilmar& e) {
         d_.Informar(e.mensaje());
     }

@@ -18,11 +18,13 @@ public:
     void Aceptar();
     void ModificarSeleccionado(); // mnuModificar
     void EliminarSeleccionado();  // mnuEliminar
+    void Imprimir();              // mnuImprimirC: "Conceptos predefinidos"
 
 private:
     void llenar();
 
     Sesion& s_;
+    Ajustes& a_;
     Dialogo& d_;
     QTableWidget* Grid1 = nullptr;
     QLineEdit* Text1 = nullptr;

@@ -1,5 +1,6 @@
 #include "chart/forms/Form48.h"
 
+#include "chart/Listados.h"
 #include "chart/TiposIva.h"
 #include "chart/forms/Ventanas.h"
 #include "platform/Dialogo.h"
@@ -24,7 +25,8 @@ namespace {
 constexpr int ColNCuenta = 3;
 }
 
-Form48::Form48(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padre), s_(s), d_(d) {
+Form48::Form48(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
+    : QDialog(padre), s_(s), a_(a), d_(d) {
     setObjectName(QStringLiteral("Form48"));
     setWindowTitle(QStringLiteral("Quilmar [Tipos de IVA]"));
     auto* raiz = new QVBoxLayout(this);
@@ -56,11 +58,17 @@ Form48::Form48(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     auto* botones = new QHBoxLayout;
     auto* guardar = new QPushButton(QStringLiteral("Añadir/Modif."), this);
     guardar->setObjectName(QStringLiteral("Command1"));
+    auto* imprimir = new QPushButton(QStringLiteral("Imprimir"), this);
+    imprimir->setObjectName(QStringLiteral("Command2"));
+    auto* exportar = new QPushButton(QStringLiteral("Exportar"), this);
+    exportar->setObjectName(QStringLiteral("Command5"));
     auto* salir = new QPushButton(QStringLiteral("Salir"), this);
     salir->setObjectName(QStringLiteral("Command4"));
-    for (QPushButton* b : {guardar, salir})
+    for (QPushButton* b : {guardar, imprimir, exportar, salir})
         b->setAutoDefault(false);
     botones->addWidget(guardar);
+    botones->addWidget(imprimir);
+    botones->addWidget(exportar);
     botones->addStretch();
     botones->addWidget(salir);
     raiz->addLayout(botones);
@@ -91,6 +99,14 @@ Form48::Form48(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     connect(eliminar, &QAction::triggered, this, [this] { EliminarSeleccionada(); });
     connect(guardar, &QPushButton::clicked, this, [this] { Guardar(); });
     connect(salir, &QPushButton::clicked, this, &QDialog::reject);
+    connect(imprimir, &QPushButton::clicked, this, [this] { Imprimir(); });
+    connect(exportar, &QPushButton::clicked, this, [this] {
+        try {
+            ExportarListado(this, d_, ListadoTiposIva(s_));
+        } catch (const ErrorQuilmar& e) {
+            d_.Informar(e.mensaje());
+        }
+    });
 
     try {
         Conexion c = AbrirDatos(s_);
@@ -152,6 +168,14 @@ void Form48::EliminarSeleccionada() {
     try {
         if (EliminarTipoIva(s_, d_, n))
             llenar();
+    } catch (const ErrorQuilmar& e) {
+        d_.Informar(e.mensaje());
+    }
+}
+
+void Form48::Imprimir() {
+    try {
+        ImprimirListado(this, a_, ListadoTiposIva(s_));
     } catch (const ErrorQuilmar& e) {
         d_.Informar(e.mensaje());
     }

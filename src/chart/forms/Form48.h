@@ -20,11 +20,13 @@ public:
     void Guardar();               // Añadir/Modif.
     void ModificarSeleccionada(); // mnuTipos, Modificar: the row to the fields
     void EliminarSeleccionada();  // mnuTipos, Eliminar
+    void Imprimir();              // "Subcuentas de IVA"
 
 private:
     void llenar();
 
     Sesion& s_;
+    Ajustes& a_;
     Dialogo& d_;
     QTableWidget* FG1 = nullptr;
     QLineEdit* Text1 = nullptr;

@@ -1,5 +1,6 @@
 #include "chart/forms/Form73.h"
 
+#include "chart/Listados.h"
 #include "chart/NCuenta.h"
 #include "chart/PlanCuentas.h"
 #include "chart/forms/Ventanas.h"
@@ -179,13 +180,12 @@ void Form73::construir() {
     Command1 = boton(QStringLiteral("Command1"), QStringLiteral("Añadir >>"));
     Command3 = boton(QStringLiteral("Command3"), QStringLiteral("Eliminar"));
     Command4 = boton(QStringLiteral("Command4"), QStringLiteral("Imprimir"));
+    auto* exportar = boton(QStringLiteral("Command8"), QStringLiteral("Exportar"));
     botones->addStretch();
     Command7 = boton(QStringLiteral("Command7"), QStringLiteral("Seleccionar"));
     Command6 = boton(QStringLiteral("Command6"), QStringLiteral("Salir"));
     Command7->setVisible(seleccionar_);
     Command7->setEnabled(false);
-    // Printing comes with the report frame's printing surface.
-    Command4->setVisible(false);
     raiz->addLayout(botones);
 
     connect(Combo1, &QComboBox::currentIndexChanged, this, [this](int i) {
@@ -207,6 +207,14 @@ void Form73::construir() {
     connect(Command1, &QPushButton::clicked, this, [this] { aceptar(); });
     connect(Command3, &QPushButton::clicked, this, [this] { eliminar(); });
     connect(Command7, &QPushButton::clicked, this, [this] { seleccionar(); });
+    connect(Command4, &QPushButton::clicked, this, [this] { Imprimir(); });
+    connect(exportar, &QPushButton::clicked, this, [this] {
+        try {
+            ExportarListado(this, d_, Listar());
+        } catch (const ErrorQuilmar& e) {
+            d_.Informar(e.mensaje());
+        }
+    });
     connect(Command6, &QPushButton::clicked, this, &QDialog::reject);
     connect(botonBuscar, &QPushButton::clicked, this, [this] { buscar(false); });
     connect(botonSiguiente, &QPushButton::clicked, this, [this] { buscar(true); });
@@ -444,6 +452,18 @@ void Form73::eliminar() {
         llenarListas();
         Blanquear();
         Q_EMIT areasCambiadas();
+    } catch (const ErrorQuilmar& e) {
+        d_.Informar(e.mensaje());
+    }
+}
+
+Listado Form73::Listar() {
+    return ListadoPlan(s_, area(), porCuentas());
+}
+
+void Form73::Imprimir() {
+    try {
+        ImprimirListado(this, a_, Listar());
     } catch (const ErrorQuilmar& e) {
         d_.Informar(e.mensaje());
     }

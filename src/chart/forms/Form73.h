@@ -4,6 +4,7 @@
 // another screen in pick mode it offers Seleccionar and hands back the chosen subaccount.
 
 #include "chart/CliPro.h"
+#include "chart/Listados.h"
 
 #include <QDialog>
 #include <QStringList>
@@ -34,6 +35,11 @@ public:
     // Shows an area (list index 0 to 6).
     void MostrarArea(int area);
     int area() const;
+
+    // The list of the level on show ("Listado de Subcuentas" or "Listado de Cuentas"), as
+    // Imprimir prints it and Exportar writes it.
+    Listado Listar();
+    void Imprimir();
 
     // The card's routines on the screen's fields.
     void Blanquear(); // empties the fields

@@ -1,5 +1,10 @@
 #include "chart/forms/Ventanas.h"
 
+#include "chart/Listados.h"
+#include "platform/Ajustes.h"
+#include "platform/forms/ExportarDialogo.h"
+#include "platform/forms/ImprimirLibro.h"
+
 #include <QHeaderView>
 #include <QTableWidget>
 
@@ -52,4 +57,16 @@ int BuscarEnLista(const QTableWidget* t, const QString& texto, int desde) {
                 return f;
         }
     return -1;
+}
+
+void ImprimirListado(QWidget* padre, Ajustes& ajustes, const Listado& listado) {
+    OpcionesImpresion o;
+    o.titulo = listado.titulo;
+    o.impresora = ajustes.leer(QStringLiteral("Valores"), QStringLiteral("Impresora"));
+    ImprimirLibro(
+        padre, [&listado](Impresora& imp, int) { DibujarListado(imp, listado); }, o);
+}
+
+void ExportarListado(QWidget* padre, Dialogo& dialogo, const Listado& listado) {
+    ExportarConDialogo(padre, listado.rejilla, dialogo);
 }

@@ -4,6 +4,7 @@
 #include "chart/forms/Form73.h"
 #include "Entorno.h"
 #include "chart/CliPro.h"
+#include "platform/forms/ImprimirLibro.h"
 #include "posting/Escritor.h"
 #include "store/Conexiones.h"
 
@@ -11,6 +12,7 @@
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPrintPreviewWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
@@ -277,6 +279,33 @@ TEST_F(PantallaCuentas, EjercicioCerrado) {
     QTest::mouseClick(Command1, Qt::LeftButton);
     EXPECT_EQ(e.dialogo.informados, QStringList{MsgEjercicioCerrado});
     EXPECT_EQ(Text1->text(), "Nueva");
+}
+
+TEST_F(PantallaCuentas, ImprimeElNivelQueSeMuestra) {
+    Combo1->setCurrentIndex(4);
+    EXPECT_EQ(f->Listar().titulo, "Listado de Subcuentas");
+    QString titulo;
+    int paginas = 0;
+    const QString pdf = e.ruta("subcuentas.pdf");
+    QTimer::singleShot(0, [&] {
+        auto* v = qobject_cast<VistaPrevia*>(QApplication::activeModalWidget());
+        ASSERT_NE(v, nullptr);
+        titulo = v->windowTitle();
+        paginas = v->paginas();
+        EXPECT_TRUE(v->guardarPdf(pdf));
+        v->reject();
+    });
+    QTest::mouseClick(hijo<QPushButton>(f.get(), "Command4"), Qt::LeftButton);
+    EXPECT_TRUE(titulo.contains("Listado de Subcuentas")) << titulo.toStdString();
+    EXPECT_EQ(paginas, 1);
+    EXPECT_TRUE(QFile::exists(pdf));
+    if (!qEnvironmentVariableIsEmpty("QUILMAR_PDF"))
+        QFile::copy(pdf, qEnvironmentVariable("QUILMAR_PDF"));
+    QTest::mouseClick(Option1, Qt::LeftButton);
+    const Listado cuentas = f->Listar();
+    EXPECT_EQ(cuentas.titulo, "Listado de Cuentas");
+    EXPECT_EQ(cuentas.encabezado.last(), "Area: (4) - NOS DEBEN");
+    EXPECT_EQ(cuentas.rejilla.Filas(), FG2->rowCount());
 }
 
 TEST(PantallaCuentasElegir, DevuelveLaSubcuentaYOcultaLasAparcadas) {

@@ -5,6 +5,7 @@
 #include "chart/forms/Form21.h"
 #include "chart/forms/Form35.h"
 #include "chart/forms/Form48.h"
+#include "platform/forms/ImprimirLibro.h"
 #include "posting/Escritor.h"
 
 #include <QAction>
@@ -14,6 +15,7 @@
 #include <QSignalSpy>
 #include <QTableWidget>
 #include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace {
@@ -160,6 +162,18 @@ TEST(PantallaConceptos, AnadirYModificar) {
     e.dialogo.responder({true});
     QTest::mouseClick(hijo<QPushButton>(&f, "Command1"), Qt::LeftButton);
     EXPECT_EQ(Grid1->item(0, 1)->text(), "Nómina de junio");
+
+    // Printing from the context menu: the preview of "Conceptos predefinidos".
+    QString titulo;
+    QTimer::singleShot(0, [&] {
+        auto* v = qobject_cast<VistaPrevia*>(QApplication::activeModalWidget());
+        ASSERT_NE(v, nullptr);
+        titulo = v->windowTitle();
+        EXPECT_EQ(v->paginas(), 1);
+        v->reject();
+    });
+    hijo<QAction>(&f, "mnuImprimirC")->trigger();
+    EXPECT_TRUE(titulo.contains("Conceptos predefinidos")) << titulo.toStdString();
 }
 
 } // namespace
