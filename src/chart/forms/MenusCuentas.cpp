@@ -13,7 +13,10 @@ void ConectarCuentas(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
         Form73 f(s, a, d, t);
         // A new subaccount, a rename or a deletion: the board's lists follow.
         QObject::connect(&f, &Form73::subcuentaAnadida, t, [t] { t->LlenarAreas(); });
-        QObject::connect(&f, &Form73::areasCambiadas, t, [t] { t->LlenarAreas(); });
+        QObject::connect(&f, &Form73::areasCambiadas, t, [t] {
+            t->LlenarAreas();
+            t->refrescarLibros(); // books open on screen show the names
+        });
         f.exec();
     });
     tablero.Conectar(QStringLiteral("mnuAparcar"), [t, &s, &a, &d] {
@@ -27,6 +30,7 @@ void ConectarCuentas(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
     });
     tablero.Conectar(QStringLiteral("mnuSector"), [t, &s, &a, &d] {
         FORM84 f(s, a, d, t);
+        QObject::connect(&f, &FORM84::asientosEliminados, t, [t] { t->refrescarLibros(); });
         f.exec();
     });
     tablero.Conectar(QStringLiteral("mnuConceptos"), [t, &s, &a, &d] {
