@@ -79,18 +79,10 @@ private:
             c.Retencion = k.value(QStringLiteral("retencion"));
         }
         if (k.contains(QStringLiteral("contrapartida"))) {
+            // Any subaccount may be chosen, as through the area filter of the screen.
             const QString codigo = k.value(QStringLiteral("contrapartida")).trimmed();
-            const int i = static_cast<int>(c.Codigos.indexOf(codigo));
-            if (i >= 0) {
-                c.ElegirContrapartida(i);
-            } else {
-                // Any subaccount may be chosen through the area filter of the screen.
-                c.ElegirArea(codigo.left(1));
-                const int j = static_cast<int>(c.Codigos.indexOf(codigo));
-                if (j < 0)
-                    throw Rechazo(QStringLiteral("No existe la subcuenta %1.").arg(codigo));
-                c.ElegirContrapartida(j);
-            }
+            if (!c.ElegirCodigo(codigo))
+                throw Rechazo(QStringLiteral("No existe la subcuenta %1.").arg(codigo));
         }
     }
 };

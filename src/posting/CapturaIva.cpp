@@ -93,6 +93,20 @@ bool CapturaIva::ElegirContrapartida(const QString& nombre) {
     return true;
 }
 
+bool CapturaIva::ElegirCodigo(const QString& ncuenta) {
+    const QString codigo = ncuenta.trimmed();
+    int i = static_cast<int>(Codigos.indexOf(codigo));
+    if (i < 0) {
+        // By plan groups the area of a code is its second character.
+        ElegirArea(codigo.mid(s_.CArea == QLatin1String("Plan") ? 1 : 0, 1));
+        i = static_cast<int>(Codigos.indexOf(codigo));
+    }
+    if (i < 0)
+        return false;
+    ElegirContrapartida(i);
+    return true;
+}
+
 CapturaIva::Foco CapturaIva::PrimeraVista() {
     if (!CuentaDefecto.trimmed().isEmpty()) {
         Conexion c = AbrirDatos(s_);

@@ -60,6 +60,9 @@ public:
     void ElegirContrapartida(int indice);
     // A counterparty typed by name; false (and the user told) when no subaccount has that name.
     bool ElegirContrapartida(const QString& nombre);
+    // A counterparty given by its code (picked on the chart screen): the list becomes its area's
+    // and the code is chosen in it. False when it is not an unparked subaccount.
+    bool ElegirCodigo(const QString& ncuenta);
 
     // The default counterparty goes to the box; says where the focus goes first.
     enum class Foco { Factura, Contrapartida, Aceptar };

@@ -166,6 +166,11 @@ TEST_F(Captura, AbonoVisibilidadYAreas) {
     EXPECT_TRUE(c.Codigos.contains(Clientes));
     EXPECT_TRUE(c.Codigos.contains(IvaRep21));
     EXPECT_FALSE(c.Codigos.contains(Caja));
+    // A code picked on the chart screen brings its area's list: by plan groups, the second digit.
+    EXPECT_TRUE(c.ElegirCodigo(Banco));
+    EXPECT_EQ(c.Area, "5");
+    EXPECT_EQ(c.CuentaContra, Banco);
+    EXPECT_FALSE(c.ElegirCodigo(Acreedor)) << "parked";
     c.ElegirArea("9");
     EXPECT_TRUE(c.Nombres.isEmpty());
     EXPECT_EQ(e.dialogo.informados.last(), "No hay Cuentas creadas.");

@@ -1,5 +1,6 @@
 #include "posting/forms/Form3.h"
 
+#include "chart/forms/Form73.h"
 #include "platform/Ajustes.h"
 #include "platform/forms/Ventana.h"
 
@@ -258,9 +259,10 @@ bool Form3::eventFilter(QObject* objeto, QEvent* evento) {
         if (k->text() == QLatin1String("+")) {
             if (ElegirEnPlan) {
                 const QString codigo = ElegirEnPlan();
-                if (!codigo.isEmpty()) {
-                    c_.ElegirArea(codigo.left(1));
-                    c_.ElegirContrapartida(static_cast<int>(c_.Codigos.indexOf(codigo)));
+                if (!codigo.isEmpty() && c_.ElegirCodigo(codigo)) {
+                    cargando_ = true;
+                    Combo3->setCurrentText(c_.Area);
+                    cargando_ = false;
                     listas();
                 }
             }
@@ -289,6 +291,9 @@ void Form3::aceptar() {
 
 void PantallaIvaForm3::Mostrar(CapturaIva& captura) {
     Form3 f(captura, ajustes_, padre_);
+    f.ElegirEnPlan = [this, &f] {
+        return Form73::ElegirSubcuenta(s_, ajustes_, d_, &f);
+    };
     if (alAbrir)
         alAbrir(f);
     // The busy pointer of the posting press gives way while the user answers.

@@ -8,6 +8,7 @@
 #include <functional>
 
 class Ajustes;
+class Dialogo;
 class QCheckBox;
 class QComboBox;
 class QLabel;
@@ -15,6 +16,7 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 class QWidget;
+struct Sesion;
 
 class Form3 : public QDialog {
     Q_OBJECT
@@ -22,8 +24,8 @@ public:
     Form3(CapturaIva& captura, Ajustes& ajustes, QWidget* padre = nullptr);
     ~Form3() override;
 
-    // Hook: "+" in the counterparty box opens the chart screen to pick a subaccount (tag "F3");
-    // it returns the code chosen, or an empty text. Not set: the key does nothing.
+    // "+" in the counterparty box opens the chart screen to pick a subaccount; it returns the
+    // code chosen, or an empty text. PantallaIvaForm3 sets it; not set, the key does nothing.
     std::function<QString()> ElegirEnPlan;
 
     // The controls, by their names, for the tests.
@@ -70,12 +72,15 @@ private:
 // The VAT screen of the desktop: Form3, modal over the posting screen.
 class PantallaIvaForm3 : public PantallaIva {
 public:
-    PantallaIvaForm3(Ajustes& a, QWidget* padre) : ajustes_(a), padre_(padre) {}
+    PantallaIvaForm3(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
+        : s_(s), ajustes_(a), d_(d), padre_(padre) {}
     void Mostrar(CapturaIva& captura) override;
     // Called with each Form3 before it is shown (the tests drive it from here).
     std::function<void(Form3&)> alAbrir;
 
 private:
+    Sesion& s_;
     Ajustes& ajustes_;
+    Dialogo& d_;
     QWidget* padre_;
 };

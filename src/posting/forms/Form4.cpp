@@ -182,7 +182,7 @@ QPixmap ImagenDeCasacion(int numero) {
 }
 
 Form4::Form4(Sesion& s, Ajustes& a, Dialogo& d, EstadoTablero& tablero, QWidget* padre)
-    : QWidget(padre, Qt::Window), s_(s), a_(a), d_(d), k_(s, d, tablero), pantalla_(a, this) {
+    : QWidget(padre, Qt::Window), s_(s), a_(a), d_(d), k_(s, d, tablero), pantalla_(s, a, d, this) {
     ++abiertos;
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Quilmar [Contabilizar]"));

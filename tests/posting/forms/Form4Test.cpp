@@ -332,6 +332,15 @@ TEST_F(PantallaDatosIva, VisibilidadAbonoYRecargo) {
     f3.Combo1->setCurrentIndex(f3.Combo1->findText("Banco"));
     Q_EMIT f3.Combo1->activated(f3.Combo1->currentIndex());
     EXPECT_EQ(f3.Combo2->currentText(), Banco) << "the hidden codes go in step";
+    // "+" in the counterparty box picks on the chart screen; here a stand-in answers.
+    f3.ElegirEnPlan = [] {
+        return Caja;
+    };
+    QTest::keyClick(f3.Combo1->lineEdit(), Qt::Key_Plus);
+    EXPECT_EQ(f3.Combo1->currentText(), "Caja");
+    EXPECT_EQ(c.CuentaContra, Caja);
+    f3.Combo1->setCurrentIndex(f3.Combo1->findText("Banco"));
+    Q_EMIT f3.Combo1->activated(f3.Combo1->currentIndex());
     QTest::mouseClick(f3.Command1, Qt::LeftButton);
     EXPECT_TRUE(aceptado);
     EXPECT_EQ(trabajo.IvaContra[2], Banco);
