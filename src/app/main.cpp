@@ -2,6 +2,7 @@
 // with its check of a second copy, the installation database, the login, the kind of
 // installation on first use, the board and the access to companies.
 
+#include "chart/forms/MenusCuentas.h"
 #include "platform/Ajustes.h"
 #include "platform/Errores.h"
 #include "platform/Letras.h"
@@ -106,6 +107,7 @@ int main(int argc, char** argv) {
     }
 
     Form1 tablero(s, a, d);
+    ConectarCuentas(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();

@@ -43,7 +43,9 @@ void sumarMayor(Conexion& c, const QString& ncuenta, double debe, double haber) 
 
 long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apunte>& apuntes,
                      const OpcionesEscritura& o) {
-    Transaccion t(c);
+    std::optional<Transaccion> t;
+    if (o.transaccionPropia || !c.enTransaccion())
+        t.emplace(c);
 
     // The exercise may have been closed by another user since the session was loaded.
     {
@@ -58,7 +60,7 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
     if (o.comprobarFecha && s.FechaIniEj.isValid() &&
         (fecha < s.FechaIniEj || fecha > s.FechaFinEj))
         throw ErrorAsiento(QStringLiteral("La fecha introducida no pertenece al año de trabajo."));
-    for (const Apunte& a : apuntes) {
+    for (const Apunte& a : o.comprobarCuentas ? apuntes : QList<Apunte>{}) {
         QSqlQuery& q = c.preparada(QStringLiteral("SELECT 1 FROM Cuentas WHERE NCuenta = ?"),
                                    {a.NCuenta.trimmed()});
         if (!q.next())
@@ -72,7 +74,9 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
     qint64 ultimoId = 0;
     for (int i = 0; i < apuntes.size(); ++i) {
         const Apunte& a = apuntes.at(i);
-        if (!a.Iva)
+        // A VAT record binds to its journal line: a line that is not written gets none.
+        if (!a.Iva || (!entraEnPasada(Centimos(a.Debe), o.pasada) &&
+                       !entraEnPasada(Centimos(a.Haber), o.pasada)))
             continue;
         const DatosIvaApunte& v = *a.Iva;
         ultimoId = nuevoIdIva(c, ultimoId);
@@ -101,6 +105,10 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
     const QString insertar = QStringLiteral(
         "INSERT INTO Diario (NAs, Fecha, NAp, Concepto, NCuenta, CasacionN, CasacionH, Sector, "
         "IdIVA, Documento, Debe, Haber, Clase, Punteo) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
+    // Most lines carry no mark, VAT key or class: the columns' defaults, and fewer values to bind.
+    const QString insertarSimple =
+        QStringLiteral("INSERT INTO Diario (NAs, Fecha, NAp, Concepto, NCuenta, Sector, "
+                       "Documento, Debe, Haber) VALUES (?,?,?,?,?,?,?,?,?)");
     long nap = 0;
     for (int pasada = 0; pasada < 2; ++pasada) {
         for (int i = 0; i < apuntes.size(); ++i) {
@@ -112,14 +120,29 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
             const QString ncuenta = a.NCuenta.trimmed();
             const double debe = pasada == 0 ? importe : 0.0;
             const double haber = pasada == 0 ? 0.0 : importe;
-            c.preparada(insertar, {static_cast<qlonglong>(nas), fechaIso,
-                                   static_cast<qlonglong>(nap), a.Concepto.left(40).trimmed(),
-                                   ncuenta, a.CasacionN, a.CasacionH, a.Sector.trimmed(), ids.at(i),
-                                   a.Documento.trimmed(), debe, haber, o.Clase, a.Punteo ? -1 : 0});
-            sumarMayor(c, ncuenta, debe, haber);
+            if (a.CasacionN == 0 && a.CasacionH == 0 && ids.at(i) == 0 && o.Clase.isEmpty() &&
+                !a.Punteo)
+                c.preparada(insertarSimple,
+                            {static_cast<qlonglong>(nas), fechaIso, static_cast<qlonglong>(nap),
+                             a.Concepto.left(40).trimmed(), ncuenta, a.Sector.trimmed(),
+                             a.Documento.trimmed(), debe, haber});
+            else
+                c.preparada(insertar,
+                            {static_cast<qlonglong>(nas), fechaIso, static_cast<qlonglong>(nap),
+                             a.Concepto.left(40).trimmed(), ncuenta, a.CasacionN, a.CasacionH,
+                             a.Sector.trimmed(), ids.at(i), a.Documento.trimmed(), debe, haber,
+                             o.Clase, a.Punteo ? -1 : 0});
+            if (o.mayorPendiente && !t) {
+                auto& [d, h] = (*o.mayorPendiente)[ncuenta];
+                d += debe;
+                h += haber;
+            } else {
+                sumarMayor(c, ncuenta, debe, haber);
+            }
         }
     }
-    t.confirmar();
+    if (t)
+        t->confirmar();
     if (nas > s.UltimoAsiento)
         s.UltimoAsiento = static_cast<float>(nas);
     return nas;
@@ -149,6 +172,11 @@ bool ElimAsiento(Conexion& c, Sesion& s, long nas) {
     t.confirmar();
     s.UltimoAsiento = ultimo;
     return true;
+}
+
+void SumarMayor(Conexion& c, const QHash<QString, std::pair<double, double>>& totales) {
+    for (auto it = totales.begin(); it != totales.end(); ++it)
+        sumarMayor(c, it.key(), Centimos(it->first), Centimos(it->second));
 }
 
 QStringList DescuadresMayor(Conexion& c) {

@@ -6,6 +6,7 @@
 #include "platform/Errores.h"
 
 #include <QDate>
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <optional>
@@ -49,6 +50,15 @@ struct OpcionesEscritura {
     long numero = 0; // 0: a new number, MAX(NAs) + 1; otherwise this number (rewriting)
     QString Clase;   // "R", "F", "I" for the year close; empty on ordinary entries
     bool comprobarFecha = true;
+    // False when the caller has already checked every subaccount against the chart.
+    bool comprobarCuentas = true;
+    // With transaccionPropia false only: the Mayor totals are gathered here by subaccount, and the
+    // caller writes them with SumarMayor before its commit. Inside one transaction nobody sees
+    // the difference from bringing Mayor up line by line, and a long import saves a write a line.
+    QHash<QString, std::pair<double, double>>* mayorPendiente = nullptr;
+    // False: the caller holds a transaction that it rolls back whole on any failure (an import of
+    // many entries), so the entry needs no savepoint of its own.
+    bool transaccionPropia = true;
 };
 
 // A refusal of the writer, with the message the user is shown.
@@ -61,13 +71,18 @@ extern const QString MsgEjercicioCerrado;
 
 // Writes an entry and returns its number. Refuses a closed exercise, a date outside it and an
 // unknown subaccount (ErrorAsiento); store failures throw ErrorAlmacen. Nothing is left written
-// on failure. The session's UltimoAsiento follows the number drawn.
+// on failure. The session's UltimoAsiento follows the number drawn, even when no line has an
+// amount to write: such an entry leaves no row, yet the number rises as it always did, and the
+// next entry takes the same number from the journal.
 long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apunte>& apuntes,
                      const OpcionesEscritura& opciones = {});
 
 // Deletes an entry: its journal lines, their VAT records, and their amounts from Mayor, in one
 // transaction; lowers UltimoAsiento when the last entry goes. False when the number has no lines.
 bool ElimAsiento(Conexion& c, Sesion& s, long nas);
+
+// Adds gathered totals (debit, credit) to Mayor.
+void SumarMayor(Conexion& c, const QHash<QString, std::pair<double, double>>& totales);
 
 // Subaccounts whose Mayor totals differ from the sums of their journal lines (to the cent).
 QStringList DescuadresMayor(Conexion& c);

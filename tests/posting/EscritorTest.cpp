@@ -1,7 +1,7 @@
 // The journal writer: order of lines, Mayor, VAT keys, refusals that leave nothing written.
 
-#include "Entorno.h"
 #include "posting/Escritor.h"
+#include "Entorno.h"
 #include "store/Conexiones.h"
 
 #include <gtest/gtest.h>
@@ -34,8 +34,9 @@ protected:
 };
 
 TEST_F(Escritor, LineasDelDebePrimeroYMayorAlDia) {
-    const long n = e.asiento(QDate(2024, 3, 1), {Haber(Banco, 50, "Pago"), Debe(Compras, 30, "Pago"),
-                                                 Haber(Caja, 0), Debe(Compras, 20, "Pago")});
+    const long n =
+        e.asiento(QDate(2024, 3, 1), {Haber(Banco, 50, "Pago"), Debe(Compras, 30, "Pago"),
+                                      Haber(Caja, 0), Debe(Compras, 20, "Pago")});
     EXPECT_EQ(n, 1);
     Conexion c = e.datos();
     EXPECT_EQ(lineas(c, 1),
@@ -52,7 +53,8 @@ TEST_F(Escritor, ConceptoCortadoACuarentaYCentimosRedondeados) {
     const QString largo = "Factura de suministros varios del mes de marzo, con recargo";
     e.asiento(QDate(2024, 3, 1), {Debe(Compras, 0.1 + 0.2, largo), Haber(Caja, 0.3, largo)});
     Conexion c = e.datos();
-    EXPECT_EQ(c.escalar("SELECT Concepto FROM Diario WHERE NAp = 1").toString(), largo.left(40).trimmed());
+    EXPECT_EQ(c.escalar("SELECT Concepto FROM Diario WHERE NAp = 1").toString(),
+              largo.left(40).trimmed());
     EXPECT_EQ(c.escalar("SELECT Debe FROM Diario WHERE NAp = 1").toDouble(), 0.3);
     EXPECT_EQ(c.escalar("SELECT SaldoD FROM Mayor WHERE NCuenta = ?", {Compras}).toDouble(), 0.3);
 }
@@ -68,10 +70,30 @@ TEST_F(Escritor, ClavesDeIvaUnicasEIgualesEnDiarioYDatosIVA) {
     e.asiento(QDate(2024, 3, 1), {Debe(Compras, 100), iva(21, "F3"), Haber(Proveedor, 121)});
     Conexion c = e.datos();
     EXPECT_EQ(c.escalar("SELECT COUNT(DISTINCT IdIVA) FROM DatosIVA").toInt(), 3);
-    EXPECT_EQ(c.escalar("SELECT COUNT(*) FROM Diario d JOIN DatosIVA v ON v.IdIVA = d.IdIVA").toInt(),
-              3);
-    EXPECT_EQ(c.escalar("SELECT group_concat(CP || NFactura || ':' || Fecha) FROM DatosIVA").toString(),
-              "PF1:2024-03-01,PF2:2024-03-01,PF3:2024-03-01");
+    EXPECT_EQ(
+        c.escalar("SELECT COUNT(*) FROM Diario d JOIN DatosIVA v ON v.IdIVA = d.IdIVA").toInt(), 3);
+    EXPECT_EQ(
+        c.escalar("SELECT group_concat(CP || NFactura || ':' || Fecha) FROM DatosIVA").toString(),
+        "PF1:2024-03-01,PF2:2024-03-01,PF3:2024-03-01");
+}
+
+TEST_F(Escritor, SinLineaQueEscribirNoHayRegistroDeIva) {
+    // A VAT line of 0 is not written, so its VAT record would bind to nothing.
+    Apunte iva = Debe(IvaSop, 0);
+    iva.Iva = DatosIvaApunte{Proveedor, "F0", 0, 21, 0};
+    Apunte negativa = Haber(IvaSop, -3);
+    negativa.Iva = DatosIvaApunte{Proveedor, "F1", 0, 21, -3};
+    e.asiento(QDate(2024, 3, 1), {Debe(Compras, 100), iva, negativa, Haber(Proveedor, 100)});
+    Conexion c = e.datos();
+    EXPECT_EQ(c.escalar("SELECT COUNT(*) FROM DatosIVA").toInt(), 0);
+    // Entry maintenance writes negative amounts, and their VAT records with them.
+    OpcionesEscritura o;
+    o.pasada = PasadaImportes::NoCero;
+    EscribirAsiento(c, e.sesion, QDate(2024, 3, 1),
+                    {Debe(Compras, 100), negativa, Haber(Proveedor, 97)}, o);
+    EXPECT_EQ(
+        c.escalar("SELECT NFactura FROM DatosIVA v JOIN Diario d ON d.IdIVA = v.IdIVA").toString(),
+        "F1");
 }
 
 TEST_F(Escritor, RechazosNoDejanNadaEscrito) {
@@ -125,7 +147,8 @@ TEST_F(Escritor, NumeroFijoYPasadaDeImportesNoCero) {
     o.pasada = PasadaImportes::NoCero;
     Conexion c = e.datos();
     EscribirAsiento(c, e.sesion, QDate(2024, 5, 1), {Debe(Compras, -5), Haber(Caja, -5)}, o);
-    EXPECT_EQ(lineas(c, 40), QStringList({"1 " + Compras + " -5/0 Prueba", "2 " + Caja + " 0/-5 Prueba"}));
+    EXPECT_EQ(lineas(c, 40),
+              QStringList({"1 " + Compras + " -5/0 Prueba", "2 " + Caja + " 0/-5 Prueba"}));
     EXPECT_EQ(e.sesion.UltimoAsiento, 40.0f);
     EXPECT_TRUE(DescuadresMayor(c).isEmpty());
 }

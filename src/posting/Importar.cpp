@@ -1,0 +1,293 @@
+#include "posting/Importar.h"
+
+#include "platform/Almacen.h"
+#include "posting/Contabilizar.h"
+#include "posting/Escritor.h"
+#include "store/Conexiones.h"
+#include "store/Formato.h"
+#include "store/Rutinas.h"
+#include "store/Sesion.h"
+
+#include <QFile>
+#include <QHash>
+#include <QSet>
+#include <QStringDecoder>
+#include <algorithm>
+
+namespace {
+
+// Splits one line at the semicolons; a field in double quotes may hold semicolons and doubled
+// quotes.
+QStringList partir(const QString& linea) {
+    if (!linea.contains(QLatin1Char('"')))
+        return linea.split(QLatin1Char(';'));
+    QStringList r;
+    QString campo;
+    bool comillas = false;
+    for (int i = 0; i < linea.size(); ++i) {
+        const QChar c = linea.at(i);
+        if (comillas) {
+            if (c == QLatin1Char('"')) {
+                if (i + 1 < linea.size() && linea.at(i + 1) == QLatin1Char('"')) {
+                    campo += c;
+                    ++i;
+                } else {
+                    comillas = false;
+                }
+            } else {
+                campo += c;
+            }
+        } else if (c == QLatin1Char('"') && campo.trimmed().isEmpty()) {
+            campo.clear();
+            comillas = true;
+        } else if (c == QLatin1Char(';')) {
+            r << campo;
+            campo.clear();
+        } else {
+            campo += c;
+        }
+    }
+    r << campo;
+    return r;
+}
+
+struct LineaFichero {
+    int numero = 0; // line of the file, from 1
+    long nap = 0;
+    QDate fecha;
+    QString ncuenta, concepto, documento, sector;
+    double debe = 0, haber = 0;
+};
+
+enum Columna { CNAs, CNAp, CFecha, CNCuenta, CConcepto, CDebe, CHaber, CDocumento, CSector, NCol };
+const char* const NombresColumnas[NCol] = {"NAs",  "NAp",   "Fecha",     "NCuenta", "Concepto",
+                                           "Debe", "Haber", "Documento", "Sector"};
+
+class Importador {
+public:
+    Importador(Sesion& s, Conexion& c) : s_(s), c_(c) {
+        QSqlQuery q = c_.ejecutar(QStringLiteral("SELECT NCuenta FROM Cuentas"));
+        while (q.next())
+            cuentas_.insert(q.value(0).toString().trimmed());
+    }
+
+    [[noreturn]] static void fallo(int linea, const QString& motivo) {
+        throw Rechazo(QStringLiteral("Línea %1: %2").arg(linea).arg(motivo));
+    }
+
+    void cabecera(const QStringList& campos) {
+        std::fill(std::begin(pos_), std::end(pos_), -1);
+        for (int i = 0; i < campos.size(); ++i) {
+            const QString n = campos.at(i).trimmed();
+            int col = -1;
+            for (int k = 0; k < NCol; ++k)
+                if (n.compare(QLatin1String(NombresColumnas[k]), Qt::CaseInsensitive) == 0)
+                    col = k;
+            if (col < 0)
+                fallo(1, QStringLiteral("la columna '%1' no es ninguna de las que se pueden "
+                                        "importar (NAs;NAp;Fecha;NCuenta;Concepto;Debe;Haber;"
+                                        "Documento;Sector).")
+                             .arg(n));
+            pos_[col] = i;
+        }
+        for (int k : {CNAs, CFecha, CNCuenta, CConcepto, CDebe, CHaber})
+            if (pos_[k] < 0)
+                fallo(
+                    1,
+                    QStringLiteral("falta la columna %1.").arg(QLatin1String(NombresColumnas[k])));
+    }
+
+    QString nas(const QStringList& campos, int numero) const {
+        const QString n = campos.value(pos_[CNAs]).trimmed();
+        if (n.isEmpty())
+            fallo(numero, QStringLiteral("falta el número de asiento (NAs)."));
+        return n;
+    }
+
+    // Reads a data line.
+    void leer(const QStringList& campos, int numero, LineaFichero& l) const {
+        auto campo = [&](int k) {
+            return pos_[k] < 0 ? QString() : campos.value(pos_[k]).trimmed();
+        };
+        l.numero = numero;
+        if (pos_[CNAp] >= 0) {
+            bool ok = false;
+            l.nap = campo(CNAp).toLong(&ok);
+            if (!ok)
+                fallo(numero,
+                      QStringLiteral("el número de apunte '%1' no es válido.").arg(campo(CNAp)));
+        }
+        const QString fecha = campo(CFecha);
+        // Consecutive lines mostly share their date: parse it once.
+        if (fecha != ultimoTextoFecha_) {
+            ultimoTextoFecha_ = fecha;
+            ultimaFecha_ = FechaDeTexto(fecha);
+        }
+        l.fecha = ultimaFecha_;
+        if (!l.fecha.isValid())
+            fallo(
+                numero,
+                QStringLiteral("la fecha '%1' no es válida (dd/mm/aaaa o aaaa-mm-dd).").arg(fecha));
+        if (l.fecha < s_.FechaIniEj || l.fecha > s_.FechaFinEj)
+            fallo(numero, QStringLiteral("La fecha introducida no pertenece al año de trabajo."));
+        l.ncuenta = campo(CNCuenta);
+        if (!cuentas_.contains(l.ncuenta))
+            fallo(numero, QStringLiteral("No existe la subcuenta %1.").arg(l.ncuenta));
+        l.concepto = campo(CConcepto);
+        l.documento = campo(CDocumento);
+        l.sector = campo(CSector);
+        l.debe = importe(campo(CDebe), numero);
+        l.haber = importe(campo(CHaber), numero);
+    }
+
+    long publicar(QList<LineaFichero>& lineas) {
+        const int primera = lineas.first().numero;
+        for (const LineaFichero& l : lineas)
+            if (l.fecha != lineas.first().fecha)
+                fallo(l.numero, QStringLiteral("las líneas de un asiento tienen que tener la misma "
+                                               "fecha."));
+        double debe = 0, haber = 0;
+        for (const LineaFichero& l : lineas) {
+            debe += l.debe;
+            haber += l.haber;
+        }
+        if (Centimos(debe) != Centimos(haber))
+            fallo(primera, MsgDescuadre);
+        if (pos_[CNAp] >= 0)
+            std::stable_sort(
+                lineas.begin(), lineas.end(),
+                [](const LineaFichero& a, const LineaFichero& b) { return a.nap < b.nap; });
+        apuntes_.clear();
+        for (const LineaFichero& l : lineas) {
+            Apunte a;
+            a.NCuenta = l.ncuenta;
+            a.Concepto = l.concepto;
+            a.Debe = l.debe;
+            a.Haber = l.haber;
+            a.Documento = l.documento;
+            a.Sector = l.sector;
+            apuntes_ << a;
+        }
+        try {
+            // The write lock is held since the start, so each number follows the last one.
+            opciones_.numero = ultimo_ > 0 ? ultimo_ + 1 : 0;
+            ultimo_ = EscribirAsiento(c_, s_, lineas.first().fecha, apuntes_, opciones_);
+            return ultimo_;
+        } catch (const Rechazo& r) {
+            fallo(primera, r.mensaje());
+        }
+    }
+
+    void terminar() { SumarMayor(c_, mayor_); }
+
+private:
+    static double importe(const QString& texto, int numero) {
+        if (texto.isEmpty())
+            return 0;
+        bool ok = false;
+        // Plain "1234.56" is the common case; anything else goes through the amount routine.
+        double v = texto.toDouble(&ok);
+        if (!ok)
+            v = ValorImporte(texto, &ok);
+        if (!ok)
+            fallo(numero, QStringLiteral("el importe '%1' no es un número.").arg(texto));
+        if (v < 0)
+            fallo(numero, QStringLiteral("el importe '%1' es negativo: póngalo en la otra columna.")
+                              .arg(texto));
+        return v;
+    }
+
+    Sesion& s_;
+    Conexion& c_;
+    QSet<QString> cuentas_;
+    mutable QString ultimoTextoFecha_;
+    mutable QDate ultimaFecha_;
+    int pos_[NCol];
+    QList<Apunte> apuntes_;
+    long ultimo_ = 0;
+    QHash<QString, std::pair<double, double>> mayor_;
+    // The whole file is one transaction, rolled back whole at the first bad line.
+    OpcionesEscritura opciones_ = [this] {
+        OpcionesEscritura o;
+        o.transaccionPropia = false;
+        o.comprobarCuentas = false; // checked above against the chart, with the line number
+        o.mayorPendiente = &mayor_;
+        return o;
+    }();
+};
+
+} // namespace
+
+ResultadoImportacion ImportarAsientos(Sesion& s, const QString& ruta,
+                                      const ProgresoImportacion& progreso) {
+    QFile f(ruta);
+    if (!f.open(QIODevice::ReadOnly))
+        throw Rechazo(QStringLiteral("No se puede abrir el archivo %1.").arg(ruta));
+    const qint64 total = f.size();
+    QStringDecoder utf8(QStringDecoder::Utf8);
+
+    Conexion c = AbrirDatos(s);
+    // One long transaction, with a cache big enough that the pages written don't spill to disk
+    // before the commit.
+    c.ejecutar(QStringLiteral("PRAGMA cache_size = -65536"));
+    Transaccion t(c);
+    CargarEjercicio(s, c);
+    Importador imp(s, c);
+    ResultadoImportacion r;
+
+    int numero = 0;
+    bool hayCabecera = false;
+    QString nasActual;
+    QList<LineaFichero> entrada;
+    auto cerrar = [&] {
+        if (entrada.isEmpty())
+            return;
+        const long n = imp.publicar(entrada);
+        if (r.primero == 0)
+            r.primero = n;
+        r.ultimo = n;
+        ++r.asientos;
+        r.lineas += entrada.size();
+        entrada.clear();
+        if (progreso && r.asientos % 1000 == 0)
+            progreso(r.asientos, f.pos(), total);
+    };
+    while (!f.atEnd()) {
+        QByteArray bruto = f.readLine();
+        ++numero;
+        if (numero == 1 && bruto.startsWith("\xEF\xBB\xBF"))
+            bruto.remove(0, 3);
+        QString linea = utf8.decode(bruto);
+        if (utf8.hasError())
+            throw Rechazo(QStringLiteral("Línea %1: el texto no está en UTF-8.").arg(numero));
+        while (linea.endsWith(QLatin1Char('\n')) || linea.endsWith(QLatin1Char('\r')))
+            linea.chop(1);
+        if (linea.trimmed().isEmpty())
+            continue;
+        const QStringList campos = partir(linea);
+        if (!hayCabecera) {
+            imp.cabecera(campos);
+            hayCabecera = true;
+            continue;
+        }
+        // The exercise may have been closed since the session was loaded: read afresh above.
+        if (s.EjCerrado)
+            throw Rechazo(QStringLiteral("Línea %1: %2").arg(numero).arg(MsgEjercicioCerrado));
+        // The entry before is posted first, so its faults come before this line's.
+        const QString nas = imp.nas(campos, numero);
+        if (nas != nasActual)
+            cerrar();
+        nasActual = nas;
+        LineaFichero l;
+        imp.leer(campos, numero, l);
+        entrada << l;
+    }
+    cerrar();
+    if (!hayCabecera)
+        throw Rechazo(QStringLiteral("Línea 1: el archivo está vacío."));
+    imp.terminar();
+    t.confirmar();
+    if (progreso)
+        progreso(r.asientos, total, total);
+    return r;
+}

@@ -1,0 +1,205 @@
+// quilmar-cli asiento and importar, run as the real program on a temporary installation.
+
+#include "ComunAsientos.h"
+#include "store/Conexiones.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+
+using namespace cuentas;
+
+namespace {
+
+class AsientosCli : public ::testing::Test {
+protected:
+    void SetUp() override { e.crearEmpresa(); }
+    ResultadoCli cli(const QStringList& args) {
+        return EjecutarCli(e.dir.path(),
+                           QStringList{"--empresa", "Emp001", "--ano", "2024"} + args);
+    }
+    ResultadoCli importar(const QByteArray& contenido) {
+        const QString ruta = e.ruta("asientos.csv");
+        QFile f(ruta);
+        f.open(QIODevice::WriteOnly | QIODevice::Truncate);
+        f.write(contenido);
+        f.close();
+        return cli({"importar", ruta});
+    }
+    int lineas() {
+        Conexion c = e.datos();
+        return Contar(c, "SELECT COUNT(*) FROM Diario");
+    }
+    Entorno e;
+};
+
+TEST_F(AsientosCli, AsientoConIvaPorElMismoCaminoQueLaPantalla) {
+    const ResultadoCli r = cli(
+        {"asiento", "--fecha", "15324", "--concepto", "Compra de material", "--documento", "A-7",
+         "--haber", Proveedor + "=121", "--debe", Compras + "=100", "--debe", IvaSop21 + "=21",
+         "--iva", IvaSop21 + ":contrapartida=" + Proveedor + ",factura=F-1,base=100,00,m347=no"});
+    ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
+    EXPECT_EQ(r.salida, "1\n");
+    Conexion c = e.datos();
+    EXPECT_EQ(LineasDiario(c, 1),
+              QStringList({"1 " + Compras + " 100/0", "2 " + IvaSop21 + " 21/0 iva",
+                           "3 " + Proveedor + " 0/121"}))
+        << "debit lines first, whatever the order given";
+    EXPECT_EQ(c.escalar("SELECT group_concat(DISTINCT Fecha || Documento) FROM Diario").toString(),
+              "2024-03-15A-7");
+    EXPECT_EQ(c.escalar("SELECT NFactura || ':' || NCuenta || ':' || CAST(Base AS INTEGER) FROM "
+                        "DatosIVA")
+                  .toString(),
+              "F-1:" + Proveedor + ":100");
+
+    // A surcharge line refuses m347=si; a rent with withholding goes through.
+    const ResultadoCli alquiler = cli(
+        {"asiento", "--fecha", "1/4/2024", "--concepto", "Alquiler local", "--debe",
+         Compras + "=1000", "--debe", IvaSop21 + "=210", "--haber", Banco + "=1210", "--iva",
+         IvaSop21 + ":contrapartida=" + Acreedor + ",factura=R-4,m347=si,tipo=A,retencion=190"});
+    ASSERT_EQ(alquiler.codigo, 0) << alquiler.error.toStdString();
+    EXPECT_EQ(alquiler.salida, "2\n");
+    EXPECT_EQ(c.escalar("SELECT TipOp || L347 || ':' || CAST(Retencion AS INTEGER) || ':' || "
+                        "CAST(Base AS INTEGER) FROM DatosIVA WHERE NFactura = 'R-4'")
+                  .toString(),
+              "A-1:190:1000")
+        << "the base is worked out from the quota when not given";
+}
+
+TEST_F(AsientosCli, RechazosComoLosDeLaPantalla) {
+    struct Caso {
+        QStringList args;
+        QString mensaje;
+    } casos[] = {
+        {{"--debe", Compras + "=100", "--haber", Banco + "=99,99"},
+         "El asiento está descuadrado. La suma de las partidas del Debe tienen que ser iguales a "
+         "las del Haber."},
+        {{"--debe", Compras + "=100", "--debe", IvaSop21 + "=21", "--haber", Proveedor + "=121"},
+         "Debe seleccionar la Subcuenta de contrapartida."},
+        {{"--debe", Compras + "=100", "--debe", IvaSop21 + "=21", "--haber", Proveedor + "=121",
+          "--iva", IvaSop21 + ":contrapartida=" + Proveedor + ",base=90"},
+         "La Base no se corresponde con el Porcentaje y Cuota."},
+        {{"--debe", Compras + "=100", "--debe", Recargo + "=5,2", "--haber", Proveedor + "=105,2",
+          "--iva", Recargo + ":contrapartida=" + Proveedor + ",m347=si"},
+         "La subcuenta " + Recargo + " es de recargo: no admite m347=si."},
+        {{"--debe", "999999999=100", "--haber", Banco + "=100"},
+         "No existe la subcuenta 999999999."},
+        {{"--debe", Caja + "=5", "--haber", Caja + "=5"},
+         "Las líneas del asiento se anulan entre sí: no queda nada que contabilizar."},
+        {{"--debe", Caja + "=5", "--haber", Banco + "=5", "--sector", "Ninguno"},
+         "No existe el sector Ninguno."},
+        {{"--debe", Compras + "=-5", "--haber", Banco + "=-5"},
+         "--debe se escribe NCUENTA=IMPORTE, con un importe mayor que 0: '" + Compras + "=-5'."},
+    };
+    for (const Caso& c : casos) {
+        const ResultadoCli r =
+            cli(QStringList{"asiento", "--fecha", "15/03/2024", "--concepto", "Prueba"} + c.args);
+        EXPECT_EQ(r.codigo, 1) << c.mensaje.toStdString();
+        EXPECT_EQ(r.error.trimmed(), c.mensaje);
+    }
+    ResultadoCli r = cli({"asiento", "--fecha", "11108", "--concepto", "x", "--debe",
+                          Compras + "=1", "--haber", Banco + "=1"});
+    EXPECT_EQ(r.codigo, 1);
+    EXPECT_TRUE(r.error.startsWith("El programa no puede determinar cual es la fecha introducida."))
+        << r.error.toStdString();
+    r = cli({"asiento", "--fecha", "2/1/2025", "--concepto", "x", "--debe", Compras + "=1",
+             "--haber", Banco + "=1"});
+    EXPECT_EQ(r.error.trimmed(), "La fecha introducida no pertenece al año de trabajo.");
+    {
+        Conexion c = e.datos();
+        c.ejecutar("UPDATE Empresa SET EjCerrado = -1");
+    }
+    r = cli({"asiento", "--fecha", "2/1/2024", "--concepto", "x", "--debe", Compras + "=1",
+             "--haber", Banco + "=1"});
+    EXPECT_EQ(r.error.trimmed(),
+              "El ejercicio está cerrado. Puede invertir el cierre en el menú Acceso, Ejercicio.");
+    EXPECT_EQ(lineas(), 0);
+}
+
+TEST_F(AsientosCli, ImportarAgrupaPorNAsConNumerosNuevos) {
+    e.asiento(QDate(2024, 1, 2), {Debe(Caja, 1), Haber(Ventas, 1)});
+    // Columns in another order, NAp giving the order of the lines, both date and decimal styles,
+    // a quoted field with a semicolon.
+    const ResultadoCli r = importar("\xEF\xBB\xBF"
+                                    "Fecha;NAs;NAp;NCuenta;Concepto;Debe;Haber;Documento\r\n"
+                                    "05/02/2024;7;2;" +
+                                    Banco.toUtf8() +
+                                    ";Pago luz;;121,50;R1\r\n"
+                                    "05/02/2024;7;1;" +
+                                    Compras.toUtf8() +
+                                    ";\"Luz; febrero\";121.5;;R1\r\n"
+                                    "\r\n"
+                                    "2024-02-06;7b;1;" +
+                                    Caja.toUtf8() +
+                                    ";Venta;1.234,56;;\r\n"
+                                    "2024-02-06;7b;2;" +
+                                    Ventas.toUtf8() +
+                                    ";Venta;;1234,56;\r\n"
+                                    "2024-02-07;7;1;" +
+                                    Caja.toUtf8() +
+                                    ";Otra vez 7;10;;\r\n"
+                                    "2024-02-07;7;2;" +
+                                    Ventas.toUtf8() + ";Otra vez 7;;10;\r\n");
+    ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
+    EXPECT_EQ(r.salida, "Importados 3 asientos (6 apuntes), del nº 2 al nº 4.\n");
+    EXPECT_TRUE(r.error.contains("Importando: 3 asientos (100 %)")) << r.error.toStdString();
+    Conexion c = e.datos();
+    EXPECT_EQ(LineasDiario(c, 2),
+              QStringList({"1 " + Compras + " 121.5/0", "2 " + Banco + " 0/121.5"}));
+    EXPECT_EQ(c.escalar("SELECT Concepto || '|' || Documento || '|' || Fecha FROM Diario WHERE "
+                        "NAs = 2 AND NAp = 1")
+                  .toString(),
+              "Luz; febrero|R1|2024-02-05");
+    EXPECT_EQ(LineasDiario(c, 3),
+              QStringList({"1 " + Caja + " 1234.56/0", "2 " + Ventas + " 0/1234.56"}));
+    EXPECT_EQ(LineasDiario(c, 4), QStringList({"1 " + Caja + " 10/0", "2 " + Ventas + " 0/10"}))
+        << "NAs 7 again, not next to the first: a new entry";
+    EXPECT_TRUE(DescuadresMayor(c).isEmpty());
+    EXPECT_EQ(c.escalar("SELECT SaldoD FROM Mayor WHERE NCuenta = ?", {Caja}).toDouble(), 1245.56);
+}
+
+TEST_F(AsientosCli, ImportarTodoONadaConLaPrimeraLineaMala) {
+    const QByteArray cabecera = "NAs;Fecha;NCuenta;Concepto;Debe;Haber\n";
+    auto l = [](const char* nas, const char* fecha, const QString& cuenta, const char* d,
+                const char* h) {
+        return QByteArray(nas) + ";" + fecha + ";" + cuenta.toUtf8() + ";x;" + d + ";" + h + "\n";
+    };
+    const QByteArray bueno =
+        l("1", "3/3/2024", Caja, "5", "") + l("1", "3/3/2024", Ventas, "", "5");
+    struct Caso {
+        QByteArray resto;
+        QString mensaje;
+    } casos[] = {
+        {l("2", "3/3/2024", Caja, "5", "") + l("2", "3/3/2024", "999999999", "", "5"),
+         "Línea 5: No existe la subcuenta 999999999."},
+        {l("2", "3/3/2025", Caja, "5", "") + l("2", "3/3/2025", Ventas, "", "5"),
+         "Línea 4: La fecha introducida no pertenece al año de trabajo."},
+        {l("2", "3/3/2024", Caja, "5", "") + l("2", "3/3/2024", Ventas, "", "4,99") +
+             l("3", "3/3/2024", "999999999", "", "5"),
+         "Línea 4: El asiento está descuadrado. La suma de las partidas del Debe tienen que ser "
+         "iguales a las del Haber."},
+        {l("2", "31/2/2024", Caja, "5", ""),
+         "Línea 4: la fecha '31/2/2024' no es válida (dd/mm/aaaa o aaaa-mm-dd)."},
+        {l("2", "3/3/2024", Caja, "5 euros", ""), "Línea 4: el importe '5 euros' no es un número."},
+    };
+    for (const Caso& c : casos) {
+        const ResultadoCli r = importar(cabecera + bueno + c.resto);
+        EXPECT_EQ(r.codigo, 1) << c.mensaje.toStdString();
+        EXPECT_EQ(r.error.trimmed(), c.mensaje);
+        EXPECT_EQ(lineas(), 0) << "the good entry before it is not kept either";
+    }
+    ResultadoCli r = importar("NAs;Fecha;Cuenta;Debe;Haber\n");
+    EXPECT_TRUE(r.error.startsWith("Línea 1: la columna 'Cuenta' no es ninguna"))
+        << r.error.toStdString();
+    r = importar("NAs;Fecha;NCuenta;Debe;Haber\n");
+    EXPECT_EQ(r.error.trimmed(), "Línea 1: falta la columna Concepto.");
+    {
+        Conexion c = e.datos();
+        c.ejecutar("UPDATE Empresa SET EjCerrado = -1");
+    }
+    r = importar(cabecera + bueno);
+    EXPECT_EQ(r.error.trimmed(), "Línea 2: El ejercicio está cerrado. Puede invertir el cierre en "
+                                 "el menú Acceso, Ejercicio.");
+    EXPECT_EQ(lineas(), 0);
+}
+
+} // namespace

@@ -1,0 +1,240 @@
+// The books survive a process killed in the middle of posting, and two processes posting at
+// once never share a number nor lose an entry. The posting processes are quilmar-cli (an
+// import) and this same test program started again in a child mode that posts entry by entry.
+
+#include "ComunAsientos.h"
+#include "store/Conexiones.h"
+#include "store/Formato.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QThread>
+#include <gtest/gtest.h>
+
+using namespace cuentas;
+
+namespace {
+
+const char* const VarHijo = "QUILMAR_PRUEBA_HIJO";
+
+// Entry i of poster p: two to four lines, every fourth with a VAT line. Its description says
+// how many lines it must have: "H<p>-<i>-<lines>".
+QList<Apunte> asientoDePrueba(int p, int i) {
+    const double a = (i % 97) + 1.25;
+    QList<Apunte> r;
+    int n = 0;
+    if (i % 4 == 0) {
+        Apunte iva = Debe(IvaSop21, Centimos(a * 0.21));
+        iva.Iva = DatosIvaApunte{Proveedor, QStringLiteral("F%1-%2").arg(p).arg(i), a, 21,
+                                 Centimos(a * 0.21)};
+        r << Debe(Compras, a) << iva << Haber(Proveedor, a + Centimos(a * 0.21));
+        n = 3;
+    } else {
+        n = 2 + i % 3;
+        const QString debe[] = {Compras, Caja, Banco};
+        for (int k = 0; k < n - 1; ++k)
+            r << Debe(debe[k], a);
+        r << Haber(Ventas, a * (n - 1));
+    }
+    for (Apunte& x : r)
+        x.Concepto = QStringLiteral("H%1-%2-%3").arg(p).arg(i).arg(n);
+    return r;
+}
+
+// Every check a killed or concurrent poster must pass. Returns the number of entries found.
+int ComprobarLibros(Conexion& c) {
+    EXPECT_EQ(c.escalar("PRAGMA integrity_check").toString(), "ok");
+    EXPECT_EQ(DescuadresMayor(c), QStringList());
+    EXPECT_EQ(Contar(c, "SELECT COUNT(*) FROM (SELECT NAs FROM Diario GROUP BY NAs "
+                        "HAVING round(SUM(Debe) - SUM(Haber), 2) <> 0)"),
+              0)
+        << "every entry balanced";
+    // Whole: each description has its lines, all under one number, NAp 1 to n, debit first.
+    QSqlQuery q =
+        c.ejecutar("SELECT Concepto, COUNT(*), COUNT(DISTINCT NAs), MIN(NAp), MAX(NAp), "
+                   "MAX(CASE WHEN Debe > 0 THEN NAp END) < MIN(CASE WHEN Haber > 0 THEN NAp END) "
+                   "FROM Diario WHERE Concepto LIKE 'H%' GROUP BY Concepto");
+    int asientos = 0;
+    while (q.next()) {
+        ++asientos;
+        const int n = q.value(0).toString().section('-', 2).toInt();
+        EXPECT_EQ(q.value(1).toInt(), n) << q.value(0).toString().toStdString();
+        EXPECT_EQ(q.value(2).toInt(), 1);
+        EXPECT_EQ(q.value(3).toInt(), 1);
+        EXPECT_EQ(q.value(4).toInt(), n);
+        EXPECT_EQ(q.value(5).toInt(), 1);
+    }
+    EXPECT_EQ(Contar(c, "SELECT COUNT(DISTINCT NAs) FROM Diario WHERE Concepto LIKE 'H%'"),
+              asientos)
+        << "no two entries share a number";
+    // VAT records and their lines, one for one.
+    EXPECT_EQ(Contar(c, "SELECT COUNT(*) FROM DatosIVA WHERE IdIVA NOT IN "
+                        "(SELECT IdIVA FROM Diario)"),
+              0);
+    EXPECT_EQ(Contar(c, "SELECT COUNT(*) FROM Diario WHERE IdIVA <> 0 AND IdIVA NOT IN "
+                        "(SELECT IdIVA FROM DatosIVA)"),
+              0);
+    EXPECT_EQ(Contar(c, "SELECT COUNT(*) FROM (SELECT IdIVA FROM DatosIVA GROUP BY IdIVA "
+                        "HAVING COUNT(*) > 1)"),
+              0);
+    return asientos;
+}
+
+// The child mode: posts QUILMAR_PRUEBA_HIJO_N entries one by one, each its own transaction.
+TEST(PublicadorHijo, Publica) {
+    if (!qEnvironmentVariableIsSet(VarHijo))
+        GTEST_SKIP() << "only as a child of the reliability tests";
+    Sesion s;
+    s.AppPath = s.DataPath = qEnvironmentVariable(VarHijo);
+    s.EmpresaActual = "Emp001";
+    s.AnoActual = 2024;
+    CargarEjercicio(s);
+    const int p = qEnvironmentVariableIntValue("QUILMAR_PRUEBA_HIJO_ID");
+    const int n = qEnvironmentVariableIntValue("QUILMAR_PRUEBA_HIJO_N");
+    // Both posters start together, when the parent says so.
+    const QString senal = qEnvironmentVariable("QUILMAR_PRUEBA_HIJO_SENAL");
+    QElapsedTimer t;
+    t.start();
+    while (!senal.isEmpty() && !QFile::exists(senal) && t.elapsed() < 30000)
+        QThread::msleep(2);
+    Conexion c = AbrirDatos(s);
+    for (int i = 1; i <= n; ++i)
+        EscribirAsiento(c, s, QDate(2024, 1 + i % 12, 1 + i % 28), asientoDePrueba(p, i));
+}
+
+class Fiabilidad : public ::testing::Test {
+protected:
+    void SetUp() override {
+        e.crearEmpresa();
+        e.asiento(QDate(2024, 1, 1), {Debe(Caja, 1000), Haber("010000004", 1000)});
+    }
+    std::unique_ptr<QProcess> hijo(int id, int n) {
+        auto p = std::make_unique<QProcess>();
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(VarHijo, e.dir.path());
+        env.insert("QUILMAR_PRUEBA_HIJO_ID", QString::number(id));
+        env.insert("QUILMAR_PRUEBA_HIJO_N", QString::number(n));
+        env.insert("QUILMAR_PRUEBA_HIJO_SENAL", e.ruta("adelante"));
+        p->setProcessEnvironment(env);
+        p->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        p->start(QCoreApplication::applicationFilePath(),
+                 {"--gtest_filter=PublicadorHijo.Publica"});
+        EXPECT_TRUE(p->waitForStarted());
+        return p;
+    }
+    int entradas() {
+        Conexion c = e.datos();
+        return Contar(c, "SELECT COUNT(DISTINCT NAs) FROM Diario");
+    }
+    // Waits until the journal holds at least n entries (or the time runs out).
+    bool esperarEntradas(int n, QProcess& p) {
+        QElapsedTimer t;
+        t.start();
+        while (t.elapsed() < 60000 && p.state() == QProcess::Running) {
+            if (entradas() >= n)
+                return true;
+            QThread::msleep(20);
+        }
+        return false;
+    }
+    Entorno e;
+};
+
+TEST_F(Fiabilidad, ImportacionMatadaNoDejaNadaYSeRepiteEntera) {
+    // 20,000 entries of two to four lines (the file carries no VAT data).
+    const QString ruta = e.ruta("grande.csv");
+    int lineas = 0;
+    {
+        QFile f(ruta);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        QByteArray b = "NAs;NAp;Fecha;NCuenta;Concepto;Debe;Haber\n";
+        for (int i = 1; i <= 20000; ++i) {
+            int nap = 0;
+            lineas += static_cast<int>(asientoDePrueba(9, i % 4 == 0 ? i + 1 : i).size());
+            for (const Apunte& a : asientoDePrueba(9, i % 4 == 0 ? i + 1 : i)) {
+                b += QStringLiteral("%1;%2;%3/%4/2024;%5;%6;%7;%8\n")
+                         .arg(i)
+                         .arg(++nap)
+                         .arg(1 + i % 28)
+                         .arg(1 + i % 12)
+                         .arg(a.NCuenta, QString(a.Concepto)
+                                             .replace(QRegularExpression("-\\d+-"),
+                                                      QStringLiteral("-%1-").arg(i)))
+                         .arg(a.Debe ? Formato(a.Debe, "0.00") : QString())
+                         .arg(a.Haber ? Formato(a.Haber, "0.00") : QString())
+                         .toUtf8();
+            }
+        }
+        f.write(b);
+    }
+
+    QProcess p;
+    p.start(QUILMAR_CLI,
+            {"--datos", e.dir.path(), "--empresa", "Emp001", "--ano", "2024", "importar", ruta});
+    ASSERT_TRUE(p.waitForStarted());
+    QByteArray progreso;
+    QElapsedTimer t;
+    t.start();
+    while (!progreso.contains("Importando: 3000 ") && t.elapsed() < 60000 &&
+           p.state() == QProcess::Running) {
+        p.waitForReadyRead(100);
+        progreso += p.readAllStandardError();
+    }
+    ASSERT_TRUE(progreso.contains("Importando: 3000 ")) << progreso.toStdString();
+    p.kill();
+    p.waitForFinished();
+    EXPECT_EQ(p.exitStatus(), QProcess::CrashExit);
+    {
+        Conexion c = e.datos();
+        EXPECT_EQ(ComprobarLibros(c), 0) << "an import is all or nothing";
+        EXPECT_EQ(Contar(c, "SELECT COUNT(*) FROM Diario"), 2);
+    }
+    const ResultadoCli r =
+        EjecutarCli(e.dir.path(), {"--empresa", "Emp001", "--ano", "2024", "importar", ruta});
+    ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
+    EXPECT_EQ(r.salida, QStringLiteral("Importados 20000 asientos (%1 apuntes), del nº 2 al nº "
+                                       "20001.\n")
+                            .arg(lineas));
+    Conexion c = e.datos();
+    EXPECT_EQ(ComprobarLibros(c), 20000);
+}
+
+TEST_F(Fiabilidad, PublicadorMatadoDejaAsientosEnteros) {
+    auto p = hijo(1, 100000);
+    QFile(e.ruta("adelante")).open(QIODevice::WriteOnly);
+    ASSERT_TRUE(esperarEntradas(400, *p)) << "the child posts";
+    p->kill();
+    p->waitForFinished();
+    EXPECT_EQ(p->exitStatus(), QProcess::CrashExit) << "killed in the middle, not finished";
+    Conexion c = e.datos();
+    const int hechos = ComprobarLibros(c);
+    EXPECT_GE(hechos, 399);
+    // Posting goes on where it stopped.
+    Sesion& s = e.sesion;
+    CargarEjercicio(s, c);
+    EXPECT_EQ(EscribirAsiento(c, s, QDate(2024, 5, 5), asientoDePrueba(2, 1)), hechos + 2);
+}
+
+TEST_F(Fiabilidad, DosProcesosALaVezNoCompartenNumeros) {
+    auto a = hijo(1, 2000);
+    auto b = hijo(2, 2000);
+    QFile(e.ruta("adelante")).open(QIODevice::WriteOnly);
+    for (QProcess* p : {a.get(), b.get()}) {
+        ASSERT_TRUE(p->waitForFinished(240000));
+        EXPECT_EQ(p->exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(p->exitCode(), 0);
+    }
+    Conexion c = e.datos();
+    EXPECT_EQ(ComprobarLibros(c), 4000) << "nothing lost";
+    EXPECT_EQ(Contar(c, "SELECT MAX(NAs) FROM Diario"), 4001) << "numbers run on without gaps";
+    // The two really ran at once: their entries are interleaved in the numbering.
+    EXPECT_GT(Contar(c, "SELECT COUNT(*) FROM (SELECT NAs, substr(Concepto, 1, 2) AS P, "
+                        "LAG(substr(Concepto, 1, 2)) OVER (ORDER BY NAs) AS Antes FROM Diario "
+                        "WHERE NAp = 1 AND Concepto LIKE 'H%') WHERE P <> Antes"),
+              10);
+}
+
+} // namespace
