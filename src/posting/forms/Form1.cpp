@@ -5,7 +5,6 @@
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
 #include "platform/forms/Ventana.h"
-#include "reports/forms/Form5.h"
 #include "store/Conexiones.h"
 #include "store/Ejercicios.h"
 #include "store/Rutinas.h"
@@ -337,23 +336,6 @@ void Form1::conectarMenus() {
     Conectar(QStringLiteral("mnuSalir"), [this] { close(); });
     Conectar(QStringLiteral("mnuImagenes"), [this] { AlternarPortada(); });
     Conectar(QStringLiteral("mnuBienvenida"), [this] { abrirBienvenida(); });
-    Conectar(QStringLiteral("mnuVerDiario"), [this] { abrirDiario(); });
-    Conectar(QStringLiteral("mnuBuscarAs"), [this] {
-        // The search works on an open journal; without one, the journal is opened first.
-        const QList<QWidget*> abiertos = librosAbiertos(QStringLiteral("Diario"));
-        auto* f = abiertos.isEmpty() ? abrirDiario() : qobject_cast<Form5*>(abiertos.last());
-        if (f)
-            f->Buscar();
-    });
-}
-
-Form5* Form1::abrirDiario() {
-    Form5* f = Form5::Abrir(s_, a_, d_, this);
-    if (!f)
-        return nullptr;
-    registrarLibro(f, QStringLiteral("Diario"));
-    connect(f, &Form5::diarioCambiado, this, &Form1::refrescarLibros);
-    return f;
 }
 
 QAction* Form1::accion(const QString& nombre) const {

@@ -21,7 +21,6 @@ class QLabel;
 class QPushButton;
 class QStackedWidget;
 class QTimer;
-class Form5;
 struct Sesion;
 
 class Form1 : public QMainWindow {
@@ -99,8 +98,6 @@ private:
     void abrirUsuarios();
     void abrirConfiguracion();
     void abrirBienvenida();
-    // Form6, then the journal, registered as "Diario".
-    Form5* abrirDiario();
     void finTimer3();
 
     Sesion& s_;
