@@ -37,36 +37,48 @@ std::optional<long> entero(const QString& texto) {
 
 long RenumerarDiario(Conexion& c, Sesion& s, const Progreso& progreso) {
     Transaccion t(c);
-    // The new number of every line, by its rowid: a running count of the changes of old number
-    // along the order by date and old number (the walk starts with an old number of 0).
+    // The walk by date and old number, done on the groups of lines that share both: a group
+    // whose old number differs from the group before opens the next number (the walk starts
+    // with an old number of 0), so lines of one entry stay together unless another entry's
+    // lines come between them.
+    c.ejecutar(QStringLiteral("DROP TABLE IF EXISTS temp.RenumeracionGrupos"));
     c.ejecutar(QStringLiteral("DROP TABLE IF EXISTS temp.Renumeracion"));
+    c.ejecutar(QStringLiteral(
+        "CREATE TEMP TABLE RenumeracionGrupos (Fecha TEXT NOT NULL, Viejo INTEGER NOT NULL, "
+        "Nuevo INTEGER NOT NULL, PRIMARY KEY (Fecha, Viejo)) WITHOUT ROWID"));
+    c.ejecutar(QStringLiteral(
+        "INSERT INTO temp.RenumeracionGrupos (Fecha, Viejo, Nuevo) "
+        "SELECT Fecha, NAs, SUM(Cambio) OVER (ORDER BY Fecha, NAs ROWS UNBOUNDED PRECEDING) "
+        "FROM (SELECT Fecha, NAs, "
+        "  CASE WHEN NAs <> COALESCE(LAG(NAs) OVER (ORDER BY Fecha, NAs), 0) THEN 1 ELSE 0 END "
+        "  AS Cambio FROM (SELECT Fecha, NAs FROM Diario GROUP BY Fecha, NAs))"));
+    const long n = static_cast<long>(
+        c.escalar(QStringLiteral("SELECT COALESCE(MAX(Nuevo), 0) FROM temp.RenumeracionGrupos"))
+            .toLongLong());
+    // The lines whose number changes, by rowid.
     c.ejecutar(QStringLiteral(
         "CREATE TEMP TABLE Renumeracion (Fila INTEGER PRIMARY KEY, NAs INTEGER NOT NULL)"));
     c.ejecutar(QStringLiteral(
-        "INSERT INTO temp.Renumeracion (Fila, NAs) "
-        "SELECT Fila, SUM(Cambio) OVER (ORDER BY Fecha, NAs, Fila ROWS UNBOUNDED PRECEDING) "
-        "FROM (SELECT rowid AS Fila, Fecha, NAs, "
-        "  CASE WHEN NAs <> COALESCE(LAG(NAs) OVER (ORDER BY Fecha, NAs, rowid), 0) "
-        "  THEN 1 ELSE 0 END AS Cambio FROM Diario)"));
+        "INSERT INTO temp.Renumeracion (Fila, NAs) SELECT d.rowid, g.Nuevo FROM Diario d "
+        "JOIN temp.RenumeracionGrupos g ON g.Fecha = d.Fecha AND g.Viejo = d.NAs "
+        "WHERE d.NAs <> g.Nuevo"));
     QSqlQuery q = c.ejecutar(QStringLiteral(
-        "SELECT COALESCE(MIN(Fila), 0), COALESCE(MAX(Fila), -1), COALESCE(MAX(NAs), 0) "
-        "FROM temp.Renumeracion"));
+        "SELECT COALESCE(MIN(Fila), 0), COALESCE(MAX(Fila), -1) FROM temp.Renumeracion"));
     q.next();
     const qint64 primera = q.value(0).toLongLong(), ultima = q.value(1).toLongLong();
-    const long n = static_cast<long>(q.value(2).toLongLong());
     q.finish();
     const qint64 total = ultima - primera + 1;
-    // Only the lines whose number changes are written, in stretches of rowids so that the
-    // screen can show how far it got.
-    const QString sql = QStringLiteral(
-        "UPDATE Diario SET NAs = r.NAs FROM temp.Renumeracion AS r "
-        "WHERE r.Fila = Diario.rowid AND r.Fila >= ? AND r.Fila < ? AND Diario.NAs <> r.NAs");
+    // Written in stretches of rowids, so that the screen can show how far it got.
+    const QString sql =
+        QStringLiteral("UPDATE Diario SET NAs = r.NAs FROM temp.Renumeracion AS r "
+                       "WHERE r.Fila = Diario.rowid AND r.Fila >= ? AND r.Fila < ?");
     for (qint64 desde = primera; desde <= ultima; desde += Tramo) {
         c.ejecutar(sql, {desde, desde + Tramo});
         if (progreso)
             progreso(std::min(desde + Tramo, ultima + 1) - primera, total);
     }
     c.ejecutar(QStringLiteral("DROP TABLE temp.Renumeracion"));
+    c.ejecutar(QStringLiteral("DROP TABLE temp.RenumeracionGrupos"));
     t.confirmar();
     s.UltimoAsiento = static_cast<float>(n);
     return n;
