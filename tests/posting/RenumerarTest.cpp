@@ -72,9 +72,15 @@ TEST_F(Renumerar, DiarioCompletoPorFechas) {
         c.escalar("SELECT group_concat(NFactura || Fecha) FROM (SELECT * FROM DatosIVA "
                   "ORDER BY NFactura)")
             .toString();
-    const ResultadoRenumerar r = RenumerarDiarioCompleto(e.sesion, e.dialogo);
+    QList<std::pair<qint64, qint64>> avance;
+    const ResultadoRenumerar r =
+        RenumerarDiarioCompleto(e.sesion, e.dialogo, [&](qint64 hecho, qint64 total) {
+            avance << std::pair{hecho, total};
+        });
     EXPECT_TRUE(r.hecho);
     EXPECT_EQ(e.dialogo.informados, QStringList{"Proceso finalizado."});
+    ASSERT_FALSE(avance.isEmpty());
+    EXPECT_EQ(avance.last().first, avance.last().second) << "the progress reaches its end";
     EXPECT_EQ(asientos(), QStringList({"1:03-01:80", "2:03-05:111", "3:03-10:51"}));
     EXPECT_EQ(e.sesion.UltimoAsiento, 3.0f);
     EXPECT_EQ(c.escalar("SELECT group_concat(NAp, '') FROM (SELECT NAp FROM Diario "

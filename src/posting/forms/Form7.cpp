@@ -618,8 +618,11 @@ Form7* VMAsiento(Sesion& s, Ajustes& a, Dialogo& d, long nas, Form1* tablero) {
                 if (auto* t = qobject_cast<Form1*>(w))
                     tablero = t;
         f = new Form7(s, a, d, tablero);
-        if (tablero)
+        if (tablero) {
             QObject::connect(f, &Form7::librosCambiados, tablero, &Form1::refrescarLibros);
+            // An entry of another company or year must not be saved into this one.
+            QObject::connect(tablero, &Form1::sesionCambiada, f, &QWidget::close);
+        }
     }
     f->show();
     f->raise();

@@ -106,5 +106,6 @@ private:
 // The board's VMAsiento: opens the maintenance screen on an entry, or brings forward the one
 // already open and loads the entry there. With nas 0 the screen opens (or comes forward) as it
 // stands. The open books of the board (the given one, or the program's board) refresh when the
-// screen changes the journal. This is the entry point of the journal book and reconciliation.
+// screen changes the journal, and the screen closes when the board changes company or year.
+// This is the entry point of the journal book and reconciliation.
 Form7* VMAsiento(Sesion& s, Ajustes& a, Dialogo& d, long nas, Form1* tablero = nullptr);

@@ -187,6 +187,12 @@ TEST_F(PantallaF7, QuitarUnaLineaYEliminarElAsiento) {
     Conexion c = e.datos();
     EXPECT_EQ(Contar(c, "SELECT COUNT(*) FROM Diario WHERE NAs = 2"), 0);
     EXPECT_TRUE(DescuadresMayor(c).isEmpty());
+
+    // Another company or year on the board: the screen closes.
+    QPointer<Form7> abierta(f);
+    Q_EMIT tablero->sesionCambiada();
+    QApplication::processEvents();
+    EXPECT_TRUE(abierta.isNull() || !abierta->isVisible());
 }
 
 TEST_F(PantallaF7, EliminarDesdeElMenu) {
