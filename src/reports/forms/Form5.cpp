@@ -120,7 +120,7 @@ void Form5::eliminarAsiento() {
         return;
     }
     close();
-    Q_EMIT diarioCambiado();
+    Q_EMIT asientoEliminado(nas);
 }
 
 void Form5::verMovimientos() {

@@ -65,7 +65,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     // An entry was deleted from this window (the window then closes).
-    void diarioCambiado();
+    void asientoEliminado(long nas);
 
 protected:
     void closeEvent(QCloseEvent* e) override;

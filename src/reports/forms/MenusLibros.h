@@ -1,7 +1,8 @@
 #pragma once
 // The books on the board's menus: mnuVerDiario (Form6, then the journal Form5, registered with
 // the board as "Diario"; also toolbar button 6) and mnuBuscarAs (Form57 over the open journal,
-// opening one first when there is none). Deleting an entry from a book refreshes the open books.
+// opening one first when there is none). "Ver/Modificar Asiento" of the books opens the entry in
+// the maintenance screen (VMAsiento); deleting an entry from a book refreshes the open books.
 
 class Ajustes;
 class Dialogo;

@@ -6,7 +6,9 @@
 #include "platform/forms/ImprimirLibro.h"
 #include "platform/forms/TablaRejilla.h"
 #include "platform/forms/VistaRejilla.h"
+#include "posting/GestionAsientos.h"
 #include "posting/forms/Form1.h"
+#include "posting/forms/Form7.h"
 #include "reports/forms/Form5.h"
 #include "reports/forms/Form57.h"
 #include "reports/forms/Form6.h"
@@ -299,7 +301,7 @@ TEST(Form5, AccionesConGanchosYEliminar) {
     Form5::VerMovimientos() = nullptr;
 
     // Deleting: No keeps the window; Yes deletes the entry and closes it.
-    QSignalSpy cambio(f.data(), &Form5::diarioCambiado);
+    QSignalSpy cambio(f.data(), &Form5::asientoEliminado);
     t->setCurrentIndex(t->model()->index(2, ColConcepto));
     e.dialogo.responder({false});
     f->accion("mnuElimAs")->trigger();
@@ -431,12 +433,34 @@ TEST(MenusLibros, ElDiarioDesdeElTablero) {
     // An entry deleted elsewhere leaves the open journal when the board refreshes its books.
     {
         Conexion c = e.datos();
-        ElimAsiento(c, e.sesion, 2);
+        ElimAsiento(c, e.sesion, 3);
     }
     tablero.refrescarLibros();
-    EXPECT_EQ(f->rejilla().Filas(), 4);
-    // Renumbering closes it.
+    ASSERT_EQ(f->rejilla().Filas(), 4);
+
+    // "Ver/Modificar Asiento" opens the entry in the maintenance screen; deleting that entry
+    // from the journal empties the screen and closes the journal.
+    EXPECT_TRUE(f->accion("mnuModAs")->isEnabled());
+    f->tabla()->setCurrentIndex(f->tabla()->model()->index(2, ColConcepto));
+    f->accion("mnuModAs")->trigger();
+    QPointer<Form7> f7 = Form7::Abierto();
+    ASSERT_TRUE(f7);
+    EXPECT_EQ(f7->windowTitle(), "Quilmar [Gestión de Asientos]");
+    EXPECT_FALSE(f7->Logica().EsNuevo);
+    EXPECT_EQ(f7->Logica().NumeroAsiento, 2);
+    e.dialogo.responder({true});
+    f->accion("mnuElimAs")->trigger();
+    QTest::qWait(50);
+    EXPECT_TRUE(f7->Logica().EsNuevo);
+    EXPECT_TRUE(tablero.librosAbiertos("Diario").isEmpty());
+    f7->close();
+
+    // Renumbering closes an open journal.
+    AlAbrirseModal([](QWidget* w) { Pulsar(w, "Command1"); });
+    tablero.accion("mnuVerDiario")->trigger();
+    ASSERT_EQ(tablero.librosAbiertos("Diario").size(), 1);
     tablero.cerrarLibros("Diario");
     QTest::qWait(50);
     EXPECT_TRUE(tablero.librosAbiertos("Diario").isEmpty());
+    Form5::VerModificarAsiento() = nullptr;
 }
