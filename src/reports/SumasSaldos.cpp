@@ -71,10 +71,13 @@ ResultadoSyS LlenarSyS(Conexion& c, const Sesion& s, const QDate& desde, const Q
             ? c.ejecutar(QStringLiteral("SELECT NCuenta, Cuenta, SaldoD, SaldoH FROM ConMayor "
                                         "WHERE SaldoD <> 0 OR SaldoH <> 0 ORDER BY NCuenta"))
             // The period's sums in one pass: for each such subaccount a range of the covering
-            // index Diario(NCuenta, Fecha, Debe, Haber). The inner join drops a subaccount
+            // index Diario(NCuenta, Fecha, Debe, Haber). CROSS JOIN keeps Mayor outside: left to
+            // itself the planner walks the date index and reads every line of the period from
+            // the table, three times slower on a quarter. The inner join drops a subaccount
             // without lines in the period; one whose lines are zero keeps its zeros.
             : c.ejecutar(QStringLiteral("SELECT m.NCuenta, m.Cuenta, SUM(d.Debe), SUM(d.Haber) "
-                                        "FROM ConMayor m JOIN Diario d ON d.NCuenta = m.NCuenta "
+                                        "FROM ConMayor m CROSS JOIN Diario d "
+                                        "ON d.NCuenta = m.NCuenta "
                                         "AND d.Fecha BETWEEN ? AND ? "
                                         "WHERE m.SaldoD <> 0 OR m.SaldoH <> 0 "
                                         "GROUP BY m.NCuenta ORDER BY m.NCuenta"),
