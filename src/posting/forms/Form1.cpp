@@ -773,6 +773,12 @@ void Form1::abrirAyudante() {
 }
 
 void Form1::finTimer5() {
+    // The question waits for the welcome screen to be read and closed.
+    for (auto* bienvenida : findChildren<Form36*>())
+        if (bienvenida->isVisible()) {
+            Timer5->start();
+            return;
+        }
     if (PreguntarAyudante(a_, d_, asientoHecho_))
         abrirAyudante();
 }

@@ -215,10 +215,16 @@ void AreaTablero::resizeEvent(QResizeEvent*) {
 
 void AreaTablero::colocar() {
     Picture1->setGeometry(rect());
-    const QRect sitio(Margen, AltoEtiqueta + 4, width() - 2 * Margen,
-                      height() - AltoEtiqueta - 4 - Margen);
+    QRect sitio(Margen, AltoEtiqueta + 4, width() - 2 * Margen,
+                height() - AltoEtiqueta - 4 - Margen);
+    // A short list takes only its rows' height, and the picture shows below it.
+    const int necesario =
+        MSFlexGrid1->rowCount() * MSFlexGrid1->verticalHeader()->defaultSectionSize() +
+        2 * MSFlexGrid1->frameWidth() + 4;
+    const bool largo = necesario > sitio.height();
+    if (!largo)
+        sitio.setHeight(necesario);
     MSFlexGrid1->setGeometry(sitio);
-    const bool largo = MSFlexGrid1->rowCount() > MSFlexGrid1->filasVisibles();
     if (largo) {
         // The name column narrows by the strip of the arrows.
         MSFlexGrid1->setGeometry(sitio.adjusted(0, 0, -(AnchoTira + 2), 0));
@@ -390,7 +396,16 @@ void TableroAreas::arrastrar(int i, int fila) {
     arrastre.setHotSpot(QPoint(-18, etiqueta.height() / 2));
     soltado_ = false;
     pendiente_ = {-1, -1};
+    // A running drag takes every key for itself; a filter set up once it runs sees the letters
+    // first, to move the list under the pointer at the next movement.
+    arrastrando_ = true;
+    QTimer::singleShot(0, this, [this] {
+        if (arrastrando_)
+            qApp->installEventFilter(this);
+    });
     EjecutarArrastre(arrastre);
+    arrastrando_ = false;
+    qApp->removeEventFilter(this);
     pararFlechas();
     if (soltado_)
         soltar(pendiente_.first, pendiente_.second);
@@ -622,6 +637,13 @@ QPixmap TableroAreas::imagenTexto1() const {
 // ---- Events -------------------------------------------------------------------------------
 
 bool TableroAreas::eventFilter(QObject* objeto, QEvent* evento) {
+    if (arrastrando_ && evento->type() == QEvent::KeyPress) {
+        const QString texto = static_cast<QKeyEvent*>(evento)->text();
+        if (texto.size() == 1 && texto.at(0).isLetter())
+            e_.LetraBusqueda = texto;
+        if (!objeto->isWidgetType())
+            return false;
+    }
     auto* w = qobject_cast<QWidget*>(objeto);
     if (!w)
         return false;

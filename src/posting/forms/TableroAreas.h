@@ -177,6 +177,7 @@ private:
     bool soltado_ = false;              // the running drag ended in a drop on a list
     QPair<int, int> pendiente_{-1, -1}; // its area and row, worked out when the drag ends
     bool recogida_ = false;             // a subaccount is picked up by keyboard
+    bool arrastrando_ = false;          // a drag with the mouse is running
     int pasoFlecha_ = 0;
     QPoint pulsacion_;
     int filaPulsada_ = -1;
