@@ -9,6 +9,7 @@
 #include "platform/forms/DialogoVentanas.h"
 #include "posting/EmpresaDemo.h"
 #include "posting/forms/Form1.h"
+#include "posting/forms/MenusMantenimiento.h"
 #include "store/Arranque.h"
 #include "store/CargarEmp.h"
 #include "store/Conexiones.h"
@@ -108,6 +109,7 @@ int main(int argc, char** argv) {
 
     Form1 tablero(s, a, d);
     ConectarCuentas(tablero, s, a, d);
+    ConectarMantenimiento(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();

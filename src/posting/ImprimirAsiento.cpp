@@ -10,7 +10,8 @@ const QString Estandar = QStringLiteral("standard");
 
 } // namespace
 
-void ImprimirAsiento(Impresora& imp, const RejillaAsiento& r, const OpcionesAsientoImpreso& o) {
+void ImprimirAsiento(Impresora& imp, const RejillaAsiento& r, const OpcionesAsientoImpreso& o,
+                     const ColumnasAsiento& c, const std::optional<QString>& descuadre) {
     const double izquierda = o.margen;
     const double derecha = imp.AnchoPagina() - 10 * TwipsPorMm;
     const double colHaber = derecha;
@@ -28,6 +29,10 @@ void ImprimirAsiento(Impresora& imp, const RejillaAsiento& r, const OpcionesAsie
                             Formato(static_cast<double>(o.numero), QStringLiteral("#,##0")));
         imp.PonerX(colDebe - anchoImporte);
         imp.Escribir(QStringLiteral("Fecha: ") + o.fecha);
+        if (descuadre) {
+            imp.PonerX(colDebe - anchoImporte);
+            imp.Escribir(QStringLiteral("Descuadre: ") + *descuadre);
+        }
         imp.PonerTamano(o.tamano);
         imp.PonerY(imp.Y() + imp.AltoLinea() / 2);
         imp.PonerX(izquierda);
@@ -49,15 +54,14 @@ void ImprimirAsiento(Impresora& imp, const RejillaAsiento& r, const OpcionesAsie
             imp.NuevaPagina();
             cabecera();
         }
-        const double d = r.valor(f, ColF4::Debe), h = r.valor(f, ColF4::Haber);
+        const double d = r.valor(f, c.Debe), h = r.valor(f, c.Haber);
         debe += d;
         haber += h;
         imp.PonerX(izquierda);
-        imp.EscribirSeguido(
-            imp.RecortarTexto(r.celda(f, ColF4::Cuenta), colConcepto - izquierda - 100));
+        imp.EscribirSeguido(imp.RecortarTexto(r.celda(f, c.Cuenta), colConcepto - izquierda - 100));
         imp.PonerX(colConcepto);
-        imp.EscribirSeguido(imp.RecortarTexto(r.celda(f, ColF4::Concepto),
-                                              colDebe - anchoImporte - colConcepto - 100));
+        imp.EscribirSeguido(
+            imp.RecortarTexto(r.celda(f, c.Concepto), colDebe - anchoImporte - colConcepto - 100));
         if (d != 0)
             imp.EscribirADerecha(Formato(d, Estandar), colDebe);
         if (h != 0)

@@ -1,11 +1,14 @@
 #pragma once
-// The printout of the entry on the posting screen, before it is posted: its number, date, and
-// one line per grid row with subaccount, description and amounts, with the sums at the foot.
+// The printout of the entry on the posting and maintenance screens: its number, date (and on the
+// maintenance screen its difference), and one line per grid row with subaccount, description and
+// amounts, with the sums at the foot.
+
+#include "posting/RejillaAsiento.h"
 
 #include <QString>
+#include <optional>
 
 class Impresora;
-class RejillaAsiento;
 
 struct OpcionesAsientoImpreso {
     long numero = 0; // the number the entry is expected to take
@@ -15,4 +18,7 @@ struct OpcionesAsientoImpreso {
     double margen = 10 * 56.7; // left margin, twips
 };
 
-void ImprimirAsiento(Impresora& imp, const RejillaAsiento& r, const OpcionesAsientoImpreso& o);
+// With a difference, the heading shows it after "Descuadre: ".
+void ImprimirAsiento(Impresora& imp, const RejillaAsiento& r, const OpcionesAsientoImpreso& o,
+                     const ColumnasAsiento& c = {},
+                     const std::optional<QString>& descuadre = std::nullopt);

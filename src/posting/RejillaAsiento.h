@@ -30,9 +30,11 @@ enum : int {
 };
 }
 
-// Where a grid keeps the cells the shared routines read (CRepetidas, Aproxima, AdImagen), so the
-// maintenance screen's grid can use them with its own layout.
+// Where a grid keeps the cells the shared routines read (CRepetidas, Aproxima, AdImagen, the
+// printout of the entry), so the maintenance screen's grid can use them with its own layout.
 struct ColumnasAsiento {
+    int Cuenta = ColF4::Cuenta;
+    int Concepto = ColF4::Concepto;
     int NCuenta = ColF4::NCuenta;
     int Debe = ColF4::Debe;
     int Haber = ColF4::Haber;

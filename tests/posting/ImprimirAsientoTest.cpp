@@ -4,9 +4,11 @@
 #include "ComunAsientos.h"
 #include "platform/ImpresoraGrabadora.h"
 #include "platform/ImpresoraPintor.h"
+#include "posting/GestionAsientos.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
+#include <tuple>
 
 using namespace cuentas;
 
@@ -65,6 +67,26 @@ TEST(ImprimirAsiento, MuchasLineasSiguenEnOtraPaginaConCabecera) {
         ImprimirPdf(QDir(carpeta).filePath("asiento.pdf"), [&](Impresora& i, int) {
             ImprimirAsiento(i, r, {1234, "15/03/2024"});
         });
+}
+
+TEST(ImprimirAsiento, DesdeLaGestionDeAsientosConSuDescuadre) {
+    // The maintenance grid keeps its columns elsewhere, and the heading shows the difference.
+    ImpresoraGrabadora imp;
+    RejillaF7 r;
+    for (const auto& [cuenta, debe, haber] :
+         {std::tuple{"Compras", "100,00", ""}, std::tuple{"Banco", "", "95,00"}}) {
+        const int f = r.anadirFila();
+        r.fijar(f, ColF7::Cuenta, cuenta);
+        r.fijar(f, ColF7::Concepto, "Pago");
+        r.fijar(f, ColF7::Debe, debe);
+        r.fijar(f, ColF7::Haber, haber);
+    }
+    ImprimirAsiento(imp, r, {12, "15/03/2024"}, ColumnasF7(), QStringLiteral("5,00"));
+    const QStringList t = imp.textosDePagina(1);
+    EXPECT_EQ(t.mid(0, 7), QStringList({"Asiento nº: 12", "Fecha: 15/03/2024", "Descuadre: 5,00",
+                                        "Cuenta", "Concepto", "Debe", "Haber"}));
+    for (const char* texto : {"Compras", "Banco", "100,00", "95,00"})
+        EXPECT_NE(imp.buscar(texto), nullptr) << texto;
 }
 
 } // namespace
