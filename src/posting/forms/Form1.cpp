@@ -348,6 +348,11 @@ void Form1::crearCentro() {
     // The bank pages drop down under their button.
     List1 = new QListWidget(this);
     List1->setObjectName(QStringLiteral("List1"));
+    List1->setStyleSheet(
+        QStringLiteral("QListWidget#List1 { background: white; border: 1px solid #5b7a99; } "
+                       "QListWidget#List1::item { padding: 4px 10px; } "
+                       "QListWidget#List1::item:hover { background: #dbe8f4; }"));
+    List1->setMouseTracking(true);
     List1->hide();
     List2 = new QListWidget(this);
     List2->setObjectName(QStringLiteral("List2"));
@@ -468,6 +473,7 @@ void Form1::Refrescar() {
     Combo1->setCurrentIndex(Combo1->findData(static_cast<int>(s_.AnoActual)));
     colorearEjercicio();
     ponerTitulo();
+    tablero_->sesionCambiada();
     LlenarAreas();
     ColorVenc();
     Q_EMIT sesionCambiada();

@@ -576,6 +576,16 @@ Form4* TableroAreas::form4() const {
     return nullptr;
 }
 
+void TableroAreas::sesionCambiada() {
+    if (empresa_ == s_.EmpresaActual && ano_ == s_.AnoActual)
+        return;
+    empresa_ = s_.EmpresaActual;
+    ano_ = s_.AnoActual;
+    cancelar();
+    if (form4_)
+        form4_->close();
+}
+
 Form4* TableroAreas::abrirForm4() {
     if (Form4* f = form4())
         return f;

@@ -135,6 +135,9 @@ public:
 
     // The posting screen that the board fills, when open.
     Form4* form4() const;
+    // The company or the year changed: a drag or an entry begun on the board belongs to the
+    // books that were open, so it is given up.
+    void sesionCambiada();
 
     // Runs a drag; the default runs it as Qt does. Tests put their own movements here.
     std::function<Qt::DropAction(QDrag&)> EjecutarArrastre;
@@ -174,6 +177,8 @@ private:
     EstadoArrastre e_;
     AreaTablero* areas_[7];
     QPointer<Form4> form4_;
+    QString empresa_; // the books the board was filled for
+    int ano_ = 0;
     bool soltado_ = false;              // the running drag ended in a drop on a list
     QPair<int, int> pendiente_{-1, -1}; // its area and row, worked out when the drag ends
     bool recogida_ = false;             // a subaccount is picked up by keyboard

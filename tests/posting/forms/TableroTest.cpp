@@ -12,6 +12,7 @@
 #include "posting/forms/Form8.h"
 #include "posting/forms/TableroAreas.h"
 #include "store/Conexiones.h"
+#include "store/Ejercicios.h"
 
 #include <QAction>
 #include <QApplication>
@@ -431,6 +432,21 @@ TEST_F(Tablero, IngresoAlBancoYDespuesUnClicEnElIngresoConSuAviso) {
     EXPECT_EQ(t->form4()->LabelSaldo2->text(), "250,00") << "income: credit nature";
 }
 
+TEST_F(Tablero, OtroEjercicioCierraElAsientoEmpezado) {
+    Arrastre arr(t);
+    bancoSobre("Agua", arr);
+    QPointer<Form4> f4 = t->form4();
+    ASSERT_FALSE(f4.isNull());
+    // The same books (the company's data saved): the entry stays.
+    f->Refrescar();
+    QApplication::processEvents();
+    EXPECT_FALSE(f4.isNull());
+    CrearEjercicio(e.sesion, e.dialogo, 2025);
+    f->Refrescar();
+    QApplication::processEvents();
+    EXPECT_TRUE(f4.isNull()) << "its lines belong to the books of 2024";
+}
+
 TEST_F(Tablero, SinCompletarLaPrimeraLineaSoloSeMuestra) {
     Arrastre arr(t);
     bancoSobre("Agua", arr);
@@ -544,6 +560,7 @@ TEST_F(Tablero, PaginasDelBanco) {
         auto* g = Control<QTableWidget>(w, "Grid1");
         g->item(0, 0)->setText("Mi banco");
         g->item(0, 1)->setText("www.mibanco.es");
+        capturar(w, "form65");
         Pulsar(w, "Command3");
     });
     f->boton(18)->trigger();
@@ -563,6 +580,7 @@ TEST_F(Tablero, PaginasDelBanco) {
     EXPECT_EQ(f->List1->item(0)->text(), "Mi banco");
     EXPECT_EQ(f->List2->item(0)->text(), "www.mibanco.es");
     EXPECT_TRUE(f->Timer4->isActive());
+    capturar(f.get(), "tablero-bancos");
     const QRect r = f->List1->visualItemRect(f->List1->item(0));
     QTest::mouseClick(f->List1->viewport(), Qt::LeftButton, {}, r.center());
     if (!QStandardPaths::findExecutable("xdg-open").isEmpty())
@@ -594,6 +612,7 @@ TEST_F(Tablero, ImagenesYColor) {
         Pulsar(w, "Command2");
         f8->Combo1->setCurrentIndex(5);
         Pulsar(w, "Command1");
+        capturar(w, "form8");
         Pulsar(w, "Command3");
         Pulsar(w, "Command4");
         Pulsar(w, "Command6");
