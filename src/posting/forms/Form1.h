@@ -1,7 +1,7 @@
 #pragma once
 // The board: the long-lived window of the program. It carries the menus and the toolbar from
-// which every other screen opens, the exercise box, the cover picture, and the places of the
-// seven areas of the chart.
+// which every other screen opens, the exercise box, the due-date lights, the cover picture, and
+// the seven areas of the chart where entries are made by dragging (TableroAreas).
 //
 // Screens are wired in one place, conectarMenus(). A screen that comes later finds its entry by
 // the menu's name and wires it with Conectar("mnuGC", ...), which also enables it; the toolbar
@@ -64,7 +64,7 @@ public:
     QAction* boton(int indice) const;
     // Wires a menu entry (and its toolbar button, if any) to a screen and enables it.
     void Conectar(const QString& nombre, std::function<void()> accion);
-    // The place of area i (0 to 6), empty until the areas are built.
+    // Area i (0 to 6): its picture, list and arrows.
     QFrame* area(int i) const;
 
     // Open book windows (journal, ledger, trial balance...) register here, by kind ("Diario",
