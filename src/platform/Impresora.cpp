@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QHash>
+#include <QVarLengthArray>
 
 QString FamiliaImpresion(const QString& nombre) {
     // Metric-compatible faces: same advance widths glyph by glyph, so cuts and alignments are
@@ -51,6 +52,44 @@ Impresora::~Impresora() = default;
 void Impresora::actualizarFuente() {
     qfont_ = FuenteImpresion(fuente_, tamano_, negrita_);
     metricas_.emplace(qfont_);
+    crudo_ = QRawFont::fromFont(qfont_);
+}
+
+namespace {
+
+// Glyph indexes and advances of a text, without shaping; false when a glyph is missing.
+template <class Glifos, class Avances>
+bool LeerGlifos(const QRawFont& fuente, const QString& texto, Glifos& glifos, Avances& avances) {
+    if (!fuente.isValid())
+        return false;
+    int n = int(texto.size());
+    glifos.resize(n);
+    if (!fuente.glyphIndexesForChars(texto.constData(), n, glifos.data(), &n))
+        return false;
+    glifos.resize(n);
+    for (int i = 0; i < n; ++i)
+        if (glifos[i] == 0)
+            return false;
+    avances.resize(n);
+    return fuente.advancesForGlyphIndexes(glifos.data(), avances.data(), n,
+                                          QRawFont::UseDesignMetrics);
+}
+
+} // namespace
+
+bool Impresora::GlifosTexto(const QString& texto, QList<quint32>& glifos,
+                            QList<QPointF>& posiciones, double* ancho) const {
+    if (!LeerGlifos(crudo_, texto, glifos, posiciones))
+        return false;
+    double x = 0;
+    for (QPointF& p : posiciones) {
+        const double avance = p.x();
+        p = QPointF(x, 0);
+        x += avance;
+    }
+    if (ancho)
+        *ancho = x;
+    return true;
 }
 
 void Impresora::PonerFuente(const QString& nombre) {
@@ -69,6 +108,14 @@ void Impresora::PonerNegrita(bool negrita) {
 }
 
 double Impresora::AnchoTexto(const QString& texto) const {
+    QVarLengthArray<quint32, 128> glifos;
+    QVarLengthArray<QPointF, 128> avances;
+    if (LeerGlifos(crudo_, texto, glifos, avances)) {
+        double ancho = 0;
+        for (const QPointF& a : avances)
+            ancho += a.x();
+        return ancho;
+    }
     return metricas_->horizontalAdvance(texto);
 }
 

@@ -29,6 +29,7 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QRawFont>
 #include <QSizeF>
 #include <QString>
 #include <QStringList>
@@ -119,6 +120,13 @@ protected:
     virtual void alFinDocumento() = 0;
     // Distance from the top of a line to the baseline of its text, in the current font.
     double Ascenso() const { return metricas_->ascent(); }
+    // The glyphs of a text in the current font and the pen offset of each from the start, read
+    // straight from the font: the fonts are used without kerning or ligatures, so this is the
+    // layout Qt would make, at a fraction of its cost (a book prints millions of texts). False
+    // when the font lacks a glyph: the text then goes through Qt's layout, with font fallback.
+    bool GlifosTexto(const QString& texto, QList<quint32>& glifos, QList<QPointF>& posiciones,
+                     double* ancho = nullptr) const;
+    const QRawFont& FuenteCruda() const { return crudo_; }
 
 private:
     void actualizarFuente();
@@ -130,6 +138,7 @@ private:
     bool negrita_ = false;
     QFont qfont_;
     std::optional<QFontMetricsF> metricas_;
+    QRawFont crudo_;
     double x_ = 0, y_ = 0, borde_ = 0;
     int pagina_n_ = 1;
     int documento_ = 1;

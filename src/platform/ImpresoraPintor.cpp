@@ -3,6 +3,7 @@
 #include "platform/Errores.h"
 
 #include <QFile>
+#include <QGlyphRun>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
@@ -57,9 +58,21 @@ QPainter& ImpresoraPintor::pintor() {
 
 void ImpresoraPintor::dibujarTexto(double x, double y, const QString& texto, double, bool) {
     QPainter& p = pintor();
+    p.setPen(Qt::black);
+    // The glyphs straight from the font when it has them all: the same drawing, without
+    // Qt's text layout, which would cost most of a long book's time.
+    QList<quint32> glifos;
+    QList<QPointF> posiciones;
+    if (GlifosTexto(texto, glifos, posiciones)) {
+        QGlyphRun tira;
+        tira.setRawFont(FuenteCruda());
+        tira.setGlyphIndexes(glifos);
+        tira.setPositions(posiciones);
+        p.drawGlyphRun(QPointF(x, y + Ascenso()), tira);
+        return;
+    }
     if (p.font() != FuenteQt())
         p.setFont(FuenteQt());
-    p.setPen(Qt::black);
     p.drawText(QPointF(x, y + Ascenso()), texto);
 }
 
