@@ -304,9 +304,10 @@ Form4::Form4(Sesion& s, Ajustes& a, Dialogo& d, EstadoTablero& tablero, QWidget*
                       a_.leerNumero(QStringLiteral("Valores"), QStringLiteral("TLetra"), 9));
     cambiarLetra(0);
 
-    for (QWidget* w : {static_cast<QWidget*>(Date1), static_cast<QWidget*>(Combo1->lineEdit()),
-                       static_cast<QWidget*>(TDBN1), static_cast<QWidget*>(Text2),
-                       static_cast<QWidget*>(Combo2), static_cast<QWidget*>(Command1)})
+    for (QWidget* w : {static_cast<QWidget*>(Date1), static_cast<QWidget*>(Combo1),
+                       static_cast<QWidget*>(Combo1->lineEdit()), static_cast<QWidget*>(TDBN1),
+                       static_cast<QWidget*>(Text2), static_cast<QWidget*>(Combo2),
+                       static_cast<QWidget*>(Command1)})
         w->installEventFilter(this);
     connect(Command1, &QPushButton::clicked, this, [this] { Aceptar(); });
     connect(Command2, &QPushButton::clicked, this, &QWidget::close);
@@ -482,6 +483,10 @@ bool Form4::eventFilter(QObject* objeto, QEvent* evento) {
     if (evento->type() != QEvent::KeyPress)
         return QWidget::eventFilter(objeto, evento);
     auto* k = static_cast<QKeyEvent*>(evento);
+    // An editable combo box has the focus itself and hands the keys to its line edit directly,
+    // past any filter: its keys are taken here as the line edit's.
+    if (objeto == Combo1)
+        objeto = Combo1->lineEdit();
     if (objeto == Command1 && esIntro(k)) {
         Command1->click();
         return true;
