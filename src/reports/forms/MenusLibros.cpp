@@ -3,6 +3,7 @@
 #include "posting/GestionAsientos.h"
 #include "posting/forms/Form1.h"
 #include "posting/forms/Form7.h"
+#include "reports/forms/Form11.h"
 #include "reports/forms/Form5.h"
 
 Form5* AbrirDiario(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
@@ -21,6 +22,13 @@ Form5* AbrirDiario(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
     return f;
 }
 
+Form11* AbrirSumasSaldos(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
+    Form11* f = Form11::Abrir(s, a, d, &tablero);
+    if (f)
+        tablero.registrarLibro(f, QStringLiteral("SyS"));
+    return f;
+}
+
 void ConectarLibros(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
     Form1* t = &tablero;
     // "Ver/Modificar Asiento" and the double click of the books open the maintenance screen.
@@ -28,6 +36,8 @@ void ConectarLibros(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
         VMAsiento(s, a, d, nas, t);
     };
     tablero.Conectar(QStringLiteral("mnuVerDiario"), [t, &s, &a, &d] { AbrirDiario(*t, s, a, d); });
+    tablero.Conectar(QStringLiteral("mnuSumas"),
+                     [t, &s, &a, &d] { AbrirSumasSaldos(*t, s, a, d); });
     tablero.Conectar(QStringLiteral("mnuBuscarAs"), [t, &s, &a, &d] {
         // The search works on an open journal; without one, the journal is opened first.
         const QList<QWidget*> abiertos = t->librosAbiertos(QStringLiteral("Diario"));
