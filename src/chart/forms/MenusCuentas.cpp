@@ -12,7 +12,7 @@ void ConectarCuentas(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
     tablero.Conectar(QStringLiteral("mnuGC"), [t, &s, &a, &d] {
         Form73 f(s, a, d, t);
         // A new subaccount, a rename or a deletion: the board's lists follow.
-        QObject::connect(&f, &Form73::subcuentaAnadida, t, [t] { t->LlenarAreas(); });
+        QObject::connect(&f, &Form73::subcuentaAnadida, t, &Form1::AnadirSubcuenta);
         QObject::connect(&f, &Form73::areasCambiadas, t, [t] {
             t->LlenarAreas();
             t->refrescarLibros(); // books open on screen show the names

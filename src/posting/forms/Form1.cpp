@@ -4,7 +4,14 @@
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/Web.h"
 #include "platform/forms/Ventana.h"
+#include "posting/ImagenesTablero.h"
+#include "posting/LucesVencimiento.h"
+#include "posting/forms/Form65.h"
+#include "posting/forms/Form66.h"
+#include "posting/forms/Form8.h"
+#include "posting/forms/TableroAreas.h"
 #include "store/Conexiones.h"
 #include "store/Ejercicios.h"
 #include "store/Rutinas.h"
@@ -26,10 +33,13 @@
 #include <QFile>
 #include <QFrame>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QStatusBar>
 #include <QStyle>
 #include <QTimer>
 #include <QToolBar>
@@ -176,10 +186,15 @@ const BotonBarra Botones[] = {
 const QColor ColorAbierto(0xC0, 0xFF, 0xC0);
 const QColor ColorCerrado(0xFF, 0xE0, 0xC0);
 
-// Colours of the settings are kept as the system's long values, blue in the high byte.
-QColor ColorDeValor(long v) {
-    return QColor(v & 0xFF, (v >> 8) & 0xFF, (v >> 16) & 0xFF);
-}
+// The list of bank pages stays this long unless a page is chosen.
+constexpr int EsperaBancos = 10000;
+// The first-use question comes once the board has settled.
+constexpr int EsperaAyudante = 2500;
+
+// What the status bar says while the board is in sight and nothing else is under way.
+const QString AyudaTablero =
+    QStringLiteral("Pulse sobre una imagen para ver sus subcuentas y arrastre una subcuenta sobre "
+                   "otra: desde donde sale el dinero hasta donde va.");
 
 } // namespace
 
@@ -195,7 +210,20 @@ Form1::Form1(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Timer3->setSingleShot(true);
     Timer3->setInterval(1500);
     connect(Timer3, &QTimer::timeout, this, &Form1::finTimer3);
+    Timer4 = new QTimer(this);
+    Timer4->setObjectName(QStringLiteral("Timer4"));
+    Timer4->setSingleShot(true);
+    Timer4->setInterval(EsperaBancos);
+    connect(Timer4, &QTimer::timeout, this, [this] { List1->hide(); });
+    Timer5 = new QTimer(this);
+    Timer5->setObjectName(QStringLiteral("Timer5"));
+    Timer5->setSingleShot(true);
+    Timer5->setInterval(EsperaAyudante);
+    connect(Timer5, &QTimer::timeout, this, &Form1::finTimer5);
     conectarMenus();
+    statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+    // Keys of the whole board, whichever of its controls has the focus.
+    qApp->installEventFilter(this);
     resize(1024, 700);
 }
 
@@ -287,18 +315,14 @@ void Form1::crearCentro() {
     centro_ = new QStackedWidget;
     centro_->setObjectName(QStringLiteral("Centro"));
 
-    auto* tablero = new QWidget;
-    tablero->setObjectName(QStringLiteral("Tablero"));
-    auto* rejilla = new QGridLayout(tablero);
-    rejilla->setSpacing(8);
-    for (int i = 0; i < 7; ++i) {
-        areas_[i] = new QFrame;
-        areas_[i]->setObjectName(QStringLiteral("Area%1").arg(i));
-        areas_[i]->setFrameShape(QFrame::StyledPanel);
-        areas_[i]->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-        // Four areas on the upper row, three on the lower.
-        rejilla->addWidget(areas_[i], i < 4 ? 0 : 1, i < 4 ? i * 2 : (i - 4) * 2 + 1, 1, 2);
-    }
+    tablero_ = new TableroAreas(s_, a_, d_, dinero_);
+    for (int i = 0; i < 7; ++i)
+        areas_[i] = tablero_->area(i);
+    connect(tablero_, &TableroAreas::asientoContabilizado, this, [this] {
+        asientoHecho_ = true;
+        refrescarLibros();
+    });
+    connect(tablero_, &TableroAreas::indicacion, this, &Form1::indicar);
 
     Picture4 = new QWidget;
     Picture4->setObjectName(QStringLiteral("Picture4"));
@@ -316,10 +340,32 @@ void Form1::crearCentro() {
     Picture4->installEventFilter(this);
     Image2->installEventFilter(this);
 
-    centro_->addWidget(tablero);
+    centro_->addWidget(tablero_);
     centro_->addWidget(Picture4);
     centro_->setCurrentWidget(Picture4);
     setCentralWidget(centro_);
+
+    // The bank pages drop down under their button.
+    List1 = new QListWidget(this);
+    List1->setObjectName(QStringLiteral("List1"));
+    List1->setStyleSheet(
+        QStringLiteral("QListWidget#List1 { background: white; border: 1px solid #5b7a99; } "
+                       "QListWidget#List1::item { padding: 4px 10px; } "
+                       "QListWidget#List1::item:hover { background: #dbe8f4; }"));
+    List1->setMouseTracking(true);
+    List1->hide();
+    List2 = new QListWidget(this);
+    List2->setObjectName(QStringLiteral("List2"));
+    List2->hide();
+    connect(List1, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+        const int i = List1->row(item);
+        List1->hide();
+        Timer4->stop();
+        if (i >= List2->count())
+            abrirPaginasWeb();
+        else
+            AbrirWeb(List2->item(i)->text(), d_, AbrirDireccion);
+    });
 }
 
 // Every menu entry and button whose screen exists is wired here.
@@ -336,6 +382,17 @@ void Form1::conectarMenus() {
     Conectar(QStringLiteral("mnuSalir"), [this] { close(); });
     Conectar(QStringLiteral("mnuImagenes"), [this] { AlternarPortada(); });
     Conectar(QStringLiteral("mnuBienvenida"), [this] { abrirBienvenida(); });
+    Conectar(QStringLiteral("mnuImg"), [this] { abrirImagenes(); });
+    Conectar(QStringLiteral("mnuAyudante"), [this] { abrirAyudante(); });
+    Conectar(QStringLiteral("btnBancos"), [this] { MostrarBancos(); });
+    connect(Command4, &QPushButton::clicked, this, [this] {
+        if (AbrirVencimientos)
+            AbrirVencimientos(QStringLiteral("Cobro"));
+    });
+    connect(Command5, &QPushButton::clicked, this, [this] {
+        if (AbrirVencimientos)
+            AbrirVencimientos(QStringLiteral("Pago"));
+    });
 }
 
 QAction* Form1::accion(const QString& nombre) const {
@@ -372,13 +429,8 @@ void Form1::Cargar() {
         static_cast<qint16>(a_.leerNumero(valores, QStringLiteral("TFImprimir"), 9));
     s_.CArea = a_.leer(valores, QStringLiteral("CArea"));
     PrepararVentana(this, a_);
-    if (a_.existe(QStringLiteral("Imagen"), QStringLiteral("Color"))) {
-        const QColor color = ColorDeValor(
-            static_cast<long>(a_.leerNumero(QStringLiteral("Imagen"), QStringLiteral("Color"), 0)));
-        QPalette p = palette();
-        p.setColor(QPalette::Window, color);
-        setPalette(p);
-    }
+    AplicarImagenes();
+    AplicarColor(ColorTablero(a_));
     s_.CambioPeseta = CambioPesetaEuro;
     s_.PuntoDecimal = DetectarPuntoDecimal();
 }
@@ -401,6 +453,8 @@ bool Form1::AccesoEmpresas() {
 
 void Form1::TrasAcceso() {
     Timer3->start();
+    ColorVenc();
+    Timer5->start();
     Q_EMIT cargaTerminada();
 }
 
@@ -419,28 +473,23 @@ void Form1::Refrescar() {
     Combo1->setCurrentIndex(Combo1->findData(static_cast<int>(s_.AnoActual)));
     colorearEjercicio();
     ponerTitulo();
+    tablero_->sesionCambiada();
     LlenarAreas();
+    ColorVenc();
     Q_EMIT sesionCambiada();
 }
 
 void Form1::LlenarAreas() {
-    // The seven lists are filled with the areas of the board; what the session needs of that
-    // walk is the highest serial of the subaccounts, from which new ones are numbered.
     s_.UltimaSubcuenta = 0;
-    if (s_.EmpresaActual.isEmpty())
+    if (s_.EmpresaActual.isEmpty()) {
+        tablero_->llenar({});
         return;
-    try {
-        Conexion c = AbrirDatos(s_);
-        const QVariant mayor =
-            c.escalar(QStringLiteral("SELECT MAX(CAST(substr(NCuenta, 5, 5) AS INTEGER)) FROM "
-                                     "Cuentas"));
-        if (mayor.isNull())
-            d_.Informar(QStringLiteral("No hay Cuentas creadas."));
-        else
-            s_.UltimaSubcuenta = mayor.toLongLong();
-    } catch (const ErrorQuilmar& e) {
-        d_.Informar(e.mensaje());
     }
+    tablero_->llenar(::LlenarAreas(s_, d_));
+}
+
+void Form1::AnadirSubcuenta(const QString& ncuenta, const QString& nombre) {
+    tablero_->anadirSubcuenta(ncuenta, nombre);
 }
 
 void Form1::ponerTitulo() {
@@ -481,8 +530,11 @@ void Form1::anoElegido(int indice) {
 
 void Form1::AlternarPortada() {
     boardVisible_ = !boardVisible_;
+    if (!boardVisible_)
+        tablero_->cancelar();
     centro_->setCurrentIndex(boardVisible_ ? 0 : 1);
     accion(QStringLiteral("mnuImagenes"))->setChecked(boardVisible_);
+    indicar({});
     if (boardVisible_)
         setWindowTitle(QStringLiteral("Quilmar [Contabilizar] ") + nombre_);
     else
@@ -490,6 +542,14 @@ void Form1::AlternarPortada() {
 }
 
 bool Form1::eventFilter(QObject* objeto, QEvent* evento) {
+    if (evento->type() == QEvent::KeyPress && objeto->isWidgetType()) {
+        // Each key is looked at once, where it is first delivered: the control with the focus.
+        auto* w = static_cast<QWidget*>(objeto);
+        QWidget* foco = QApplication::focusWidget();
+        if (w->window() == this && w == (foco ? foco : this) &&
+            teclaDelTablero(static_cast<QKeyEvent*>(evento)))
+            return true;
+    }
     if ((objeto == Picture4 || objeto == Image2) && evento->type() == QEvent::MouseButtonRelease) {
         AlternarPortada();
         return true;
@@ -580,4 +640,151 @@ void Form1::refrescarLibros() {
     for (QWidget* w : librosAbiertos())
         if (w->metaObject()->indexOfSlot("Refrescar()") >= 0)
             QMetaObject::invokeMethod(w, "Refrescar");
+}
+
+// ---- The board's keys, pictures, lights and helpers ---------------------------------------
+
+bool Form1::teclaDelTablero(QKeyEvent* k) {
+    if (k->key() == Qt::Key_F12 && (k->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+        if (!AbrirPredisenados)
+            return false;
+        AbrirPredisenados();
+        return true;
+    }
+    if (k->key() == Qt::Key_Control) {
+        if (!k->isAutoRepeat())
+            teclas_.Control();
+        return false;
+    }
+    // With Ctrl held, the digits of the pad count as those of the row.
+    if ((k->modifiers() & Qt::ControlModifier) && k->key() >= Qt::Key_0 && k->key() <= Qt::Key_9) {
+        const std::optional<int> codigo = teclas_.Digito(k->key() - Qt::Key_0);
+        if (codigo && AbrirPredisenado)
+            AbrirPredisenado(*codigo);
+        return true;
+    }
+    if (k->key() != Qt::Key_Shift && k->key() != Qt::Key_Alt && k->key() != Qt::Key_Meta)
+        teclas_.Otra();
+    return false;
+}
+
+void Form1::AplicarImagenes() {
+    try {
+        InstalarImagenes(s_);
+    } catch (const ErrorQuilmar&) {
+        // Without the folder the shipped drawings are shown.
+    }
+    tablero_->cargarImagenes();
+}
+
+void Form1::AplicarColor(const QColor& color) {
+    // The form, the toolbar and the areas' ground take the colour.
+    QPalette p = palette();
+    p.setColor(QPalette::Window, color);
+    setPalette(p);
+    if (auto* barra = findChild<QToolBar*>(QStringLiteral("Toolbar1"))) {
+        barra->setAutoFillBackground(true);
+        barra->setPalette(p);
+    }
+    tablero_->aplicarColor(color);
+}
+
+void Form1::ColorVenc() {
+    const QDate hoy = QDate::currentDate();
+    const struct {
+        const char* tipo;
+        const char* plural;
+        QPushButton* boton;
+    } luces[] = {{"Cobro", "Cobros", Command4}, {"Pago", "Pagos", Command5}};
+    for (const auto& l : luces) {
+        LuzVencimiento luz = LuzVencimiento::Ninguna;
+        if (!s_.EmpresaActual.isEmpty()) {
+            try {
+                luz = ::ColorVenc(s_, QString::fromLatin1(l.tipo), hoy);
+            } catch (const ErrorQuilmar&) {
+                // A company database that can't be read leaves the light off.
+            }
+        }
+        const QColor c = ColorDeLuz(luz);
+        l.boton->setStyleSheet(
+            c.isValid() ? QStringLiteral("QPushButton { background-color: %1; color: black; "
+                                         "border: 1px solid #7a7a7a; border-radius: 2px; "
+                                         "padding: 1px 6px; }")
+                              .arg(c.name())
+                        : QString());
+        l.boton->setProperty("luz", static_cast<int>(luz));
+        static const char* const estados[] = {"sin vencimientos pendientes", "vence hoy", "vencido",
+                                              "vence en menos de ocho días", "vence más adelante"};
+        l.boton->setToolTip(QStringLiteral("%1: %2").arg(
+            QString::fromLatin1(l.plural), QString::fromUtf8(estados[static_cast<int>(luz)])));
+        l.boton->setEnabled(static_cast<bool>(AbrirVencimientos));
+    }
+}
+
+void Form1::MostrarBancos() {
+    const QList<PaginaWeb> paginas = PaginasBanco(a_);
+    if (paginas.isEmpty()) {
+        d_.Informar(MsgSinPaginasBanco);
+        abrirPaginasWeb();
+        return;
+    }
+    List1->clear();
+    List2->clear();
+    for (const PaginaWeb& p : paginas) {
+        List1->addItem(p.Nombre);
+        List2->addItem(p.Direccion);
+    }
+    auto* cambiar = new QListWidgetItem(QStringLiteral("Modificar la lista..."), List1);
+    QFont f = cambiar->font();
+    f.setItalic(true);
+    cambiar->setFont(f);
+    // Under the button, as a drop-down.
+    QPoint sitio(width() / 2, 40);
+    if (auto* barra = findChild<QToolBar*>(QStringLiteral("Toolbar1")))
+        if (QWidget* b = barra->widgetForAction(boton(18)))
+            sitio = b->mapTo(this, QPoint(0, b->height()));
+    const int ancho = qMax(220, List1->sizeHintForColumn(0) + 30);
+    const int alto = List1->sizeHintForRow(0) * List1->count() + 2 * List1->frameWidth() + 4;
+    List1->setGeometry(QRect(sitio, QSize(ancho, alto)));
+    List1->show();
+    List1->raise();
+    List1->setFocus();
+    Timer4->start();
+}
+
+void Form1::indicar(const QString& texto) {
+    if (!texto.isEmpty())
+        statusBar()->showMessage(texto);
+    else if (boardVisible_)
+        statusBar()->showMessage(AyudaTablero);
+    else
+        statusBar()->clearMessage();
+}
+
+void Form1::abrirPaginasWeb() {
+    Form65 f(a_, this);
+    f.exec();
+}
+
+void Form1::abrirImagenes() {
+    Form8 f(s_, a_, d_, this);
+    connect(&f, &Form8::imagenCambiada, this, [this] { tablero_->cargarImagenes(); });
+    connect(&f, &Form8::colorCambiado, this, &Form1::AplicarColor);
+    f.exec();
+}
+
+void Form1::abrirAyudante() {
+    Form66 f(s_, a_, this);
+    f.exec();
+}
+
+void Form1::finTimer5() {
+    // The question waits for the welcome screen to be read and closed.
+    for (auto* bienvenida : findChildren<Form36*>())
+        if (bienvenida->isVisible()) {
+            Timer5->start();
+            return;
+        }
+    if (PreguntarAyudante(a_, d_, asientoHecho_))
+        abrirAyudante();
 }

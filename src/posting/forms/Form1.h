@@ -1,15 +1,19 @@
 #pragma once
 // The board: the long-lived window of the program. It carries the menus and the toolbar from
-// which every other screen opens, the exercise box, the cover picture, and the places of the
-// seven areas of the chart.
+// which every other screen opens, the exercise box, the due-date lights, the cover picture, and
+// the seven areas of the chart where entries are made by dragging (TableroAreas).
 //
 // Screens are wired in one place, conectarMenus(). A screen that comes later finds its entry by
 // the menu's name and wires it with Conectar("mnuGC", ...), which also enables it; the toolbar
 // buttons share the actions of their menu entries.
 
+#include "posting/EstadoTablero.h"
+#include "posting/Tablero.h"
+
 #include <QList>
 #include <QMainWindow>
 #include <QPointer>
+#include <QUrl>
 #include <functional>
 
 class Ajustes;
@@ -18,9 +22,12 @@ class QAction;
 class QComboBox;
 class QFrame;
 class QLabel;
+class QKeyEvent;
+class QListWidget;
 class QPushButton;
 class QStackedWidget;
 class QTimer;
+class TableroAreas;
 struct Sesion;
 
 class Form1 : public QMainWindow {
@@ -38,9 +45,18 @@ public:
     // takes the splash away and shows the welcome screen.
     void TrasAcceso();
 
-    // The areas' lists. For now this only sets the session's highest subaccount serial (needed
-    // to number new subaccounts); filling the seven lists comes with the areas themselves.
+    // Fills the lists of the seven areas (parked subaccounts left out) and sets the session's
+    // highest subaccount serial. At load, on a change of year or company, and after changes in
+    // the chart or in parking.
     void LlenarAreas();
+    // A subaccount just added in the chart screen joins the list of its area, without a refill.
+    void AnadirSubcuenta(const QString& ncuenta, const QString& nombre);
+    // The seven areas, their lists and the drag.
+    TableroAreas* tablero() const { return tablero_; }
+    // The money subaccount of the last posted entry, kept for quick entries.
+    EstadoTablero& estadoTablero() { return dinero_; }
+    // True once an entry made on the board was posted in this session.
+    bool asientoHecho() const { return asientoHecho_; }
 
     // An action of the menus by its name (mnuGC, mnuEliminarAs...), or nullptr.
     QAction* accion(const QString& nombre) const;
@@ -48,7 +64,7 @@ public:
     QAction* boton(int indice) const;
     // Wires a menu entry (and its toolbar button, if any) to a screen and enables it.
     void Conectar(const QString& nombre, std::function<void()> accion);
-    // The place of area i (0 to 6), empty until the areas are built.
+    // Area i (0 to 6): its picture, list and arrows.
     QFrame* area(int i) const;
 
     // Open book windows (journal, ledger, trial balance...) register here, by kind ("Diario",
@@ -59,6 +75,24 @@ public:
     QList<QWidget*> librosAbiertos(const QString& tipo = {}) const;
     void cerrarLibros(const QString& tipo = {});
     void refrescarLibros();
+
+    // Screens that don't exist yet, reached through hooks left unset until they do: the
+    // due-date screen preset on a kind ("Cobro", "Pago"; a click on a light), the list of
+    // predesigned entries (F12) and one predesigned entry by its code (Ctrl + three digits).
+    std::function<void(const QString& tipo)> AbrirVencimientos;
+    std::function<void()> AbrirPredisenados;
+    std::function<void(int codigo)> AbrirPredisenado;
+    // Opens a web address; the system's browser unless replaced (tests).
+    std::function<bool(const QUrl&)> AbrirDireccion;
+    // The keys gathered for a predesigned entry.
+    const TeclasCtrl& teclasCtrl() const { return teclas_; }
+
+    // The pages of the bank button (toolbar button 18): the list of names, or the notice.
+    void MostrarBancos();
+    QListWidget* List1; // names of the bank pages
+    QListWidget* List2; // their addresses
+    QTimer* Timer4;     // hides the list of bank pages
+    QTimer* Timer5;     // the first-use question
 
     bool BoardVisible() const { return boardVisible_; }
     QString nombreEmpresa() const { return nombre_; }
@@ -71,6 +105,11 @@ public Q_SLOTS:
     void Refrescar();
     // Shows or hides the cover, as the menu entry mnuImagenes and toolbar button 4 do.
     void AlternarPortada();
+    // Paints the due-date lights of collections (Command4) and payments (Command5).
+    void ColorVenc();
+    // The pictures of the areas and the colour of the board, from the settings.
+    void AplicarImagenes();
+    void AplicarColor(const QColor& color);
 
 Q_SIGNALS:
     // The company, the year or the state of the exercise changed.
@@ -98,7 +137,14 @@ private:
     void abrirUsuarios();
     void abrirConfiguracion();
     void abrirBienvenida();
+    void abrirImagenes();
+    void abrirAyudante();
+    void abrirPaginasWeb();
+    // The status bar: a hint of the board, or what a keyboard drag is waiting for.
+    void indicar(const QString& texto);
     void finTimer3();
+    void finTimer5();
+    bool teclaDelTablero(QKeyEvent* k);
 
     Sesion& s_;
     Ajustes& a_;
@@ -113,6 +159,10 @@ private:
     QWidget* Picture4; // the cover
     QLabel* Image2;    // its picture
     QFrame* areas_[7];
+    TableroAreas* tablero_;
+    EstadoTablero dinero_;
+    TeclasCtrl teclas_;
+    bool asientoHecho_ = false;
     QTimer* Timer3;
     QPointer<QWidget> splash_;
     QList<QPair<QPointer<QWidget>, QString>> libros_;

@@ -2,6 +2,7 @@
 
 #include "chart/forms/Form73.h"
 #include "platform/Ajustes.h"
+#include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
 
 #include <QApplication>
@@ -252,7 +253,7 @@ void Form3::showEvent(QShowEvent* e) {
 bool Form3::eventFilter(QObject* objeto, QEvent* evento) {
     if ((objeto == Combo1 || objeto == Combo1->lineEdit()) && evento->type() == QEvent::KeyPress) {
         auto* k = static_cast<QKeyEvent*>(evento);
-        if (k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter) {
+        if (EsIntro(k)) {
             Command1->setFocus();
             return true;
         }

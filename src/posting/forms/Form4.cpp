@@ -4,6 +4,7 @@
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
 #include "platform/forms/ImprimirLibro.h"
+#include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
 #include "posting/ImprimirAsiento.h"
 #include "store/Conexiones.h"
@@ -33,34 +34,9 @@ namespace {
 
 int abiertos = 0;
 
-bool esIntro(const QKeyEvent* k) {
-    return k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter;
-}
-
-bool esTeclaDeEdicion(const QKeyEvent* k) {
-    switch (k->key()) {
-    case Qt::Key_Backspace:
-    case Qt::Key_Delete:
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Escape:
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-        return true;
-    default:
-        return k->text().isEmpty() || (k->modifiers() & Qt::ControlModifier);
-    }
-}
-
 // Applies the amount filter to a key press on a line edit; true when the key was handled.
 bool teclaEnImporte(QLineEdit* campo, QKeyEvent* k, bool puntoDecimal, bool pitar) {
-    if (esTeclaDeEdicion(k))
+    if (EsTeclaDeEdicion(k))
         return false;
     switch (FiltrarTeclaImporte(k->text(), puntoDecimal)) {
     case TeclaImporte::Pasa:
@@ -304,9 +280,10 @@ Form4::Form4(Sesion& s, Ajustes& a, Dialogo& d, EstadoTablero& tablero, QWidget*
                       a_.leerNumero(QStringLiteral("Valores"), QStringLiteral("TLetra"), 9));
     cambiarLetra(0);
 
-    for (QWidget* w : {static_cast<QWidget*>(Date1), static_cast<QWidget*>(Combo1->lineEdit()),
-                       static_cast<QWidget*>(TDBN1), static_cast<QWidget*>(Text2),
-                       static_cast<QWidget*>(Combo2), static_cast<QWidget*>(Command1)})
+    for (QWidget* w : {static_cast<QWidget*>(Date1), static_cast<QWidget*>(Combo1),
+                       static_cast<QWidget*>(Combo1->lineEdit()), static_cast<QWidget*>(TDBN1),
+                       static_cast<QWidget*>(Text2), static_cast<QWidget*>(Combo2),
+                       static_cast<QWidget*>(Command1)})
         w->installEventFilter(this);
     connect(Command1, &QPushButton::clicked, this, [this] { Aceptar(); });
     connect(Command2, &QPushButton::clicked, this, &QWidget::close);
@@ -482,7 +459,11 @@ bool Form4::eventFilter(QObject* objeto, QEvent* evento) {
     if (evento->type() != QEvent::KeyPress)
         return QWidget::eventFilter(objeto, evento);
     auto* k = static_cast<QKeyEvent*>(evento);
-    if (objeto == Command1 && esIntro(k)) {
+    // An editable combo box has the focus itself and hands the keys to its line edit directly,
+    // past any filter: its keys are taken here as the line edit's.
+    if (objeto == Combo1)
+        objeto = Combo1->lineEdit();
+    if (objeto == Command1 && EsIntro(k)) {
         Command1->click();
         return true;
     }
@@ -496,10 +477,10 @@ bool Form4::eventFilter(QObject* objeto, QEvent* evento) {
                 AbrirCalculadora(TDBN1);
             return true;
         }
-        if (!esIntro(k) && teclaEnImporte(TDBN1, k, s_.PuntoDecimal, false))
+        if (!EsIntro(k) && teclaEnImporte(TDBN1, k, s_.PuntoDecimal, false))
             return true;
     }
-    if (!esIntro(k))
+    if (!EsIntro(k))
         return QWidget::eventFilter(objeto, evento);
     if (objeto == Combo1->lineEdit()) {
         // A number stands for a predefined description.

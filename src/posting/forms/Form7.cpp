@@ -4,6 +4,7 @@
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
 #include "platform/forms/ImprimirLibro.h"
+#include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
 #include "posting/ImprimirAsiento.h"
 #include "posting/forms/Form1.h"
@@ -32,34 +33,10 @@ namespace {
 
 QPointer<Form7> abierto;
 
-bool esIntro(const QKeyEvent* k) {
-    return k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter;
-}
-
-// Keys that edit rather than type: they always pass.
-bool esTeclaDeEdicion(const QKeyEvent* k) {
-    switch (k->key()) {
-    case Qt::Key_Backspace:
-    case Qt::Key_Delete:
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Escape:
-        return true;
-    default:
-        return k->text().isEmpty() || (k->modifiers() & Qt::ControlModifier);
-    }
-}
-
 // Amounts on this screen may be negative: a leading minus passes, besides the digits and the
 // decimal mark of the locale ("." and "," are turned into it).
 bool teclaEnImporte(QLineEdit* campo, const QKeyEvent* k, bool puntoDecimal) {
-    if (esTeclaDeEdicion(k))
+    if (EsTeclaDeEdicion(k))
         return false;
     if (k->text() == QLatin1String("-"))
         return campo->cursorPosition() != 0 || campo->text().startsWith(QLatin1Char('-'));
@@ -559,7 +536,7 @@ bool Form7::eventFilter(QObject* objeto, QEvent* evento) {
     if (objeto == Combo1 &&
         (evento->type() == QEvent::MouseButtonPress ||
          (evento->type() == QEvent::KeyPress &&
-          !esTeclaDeEdicion(static_cast<QKeyEvent*>(evento)))) &&
+          !EsTeclaDeEdicion(static_cast<QKeyEvent*>(evento)))) &&
         Combo5->currentText().isEmpty()) {
         k_.Area.clear();
         k_.ElegirSubcuenta(0);
@@ -569,13 +546,13 @@ bool Form7::eventFilter(QObject* objeto, QEvent* evento) {
         return QWidget::eventFilter(objeto, evento);
     auto* k = static_cast<QKeyEvent*>(evento);
     if (objeto == Text1) {
-        if (esIntro(k)) {
+        if (EsIntro(k)) {
             aLogica();
             hacer([this] { k_.IntroNumero(); });
             desdeLogica();
             return true;
         }
-        if (esTeclaDeEdicion(k))
+        if (EsTeclaDeEdicion(k))
             return false;
         aLogica();
         bool entra = false;
@@ -588,16 +565,16 @@ bool Form7::eventFilter(QObject* objeto, QEvent* evento) {
         }
         return false;
     }
-    if (objeto == Text2 && esIntro(k)) {
+    if (objeto == Text2 && EsIntro(k)) {
         aLogica();
         hacer([this] { k_.Predisenado(); });
         desdeLogica();
         return true;
     }
-    if ((objeto == TDBN2 || objeto == TDBN3) && !esIntro(k) &&
+    if ((objeto == TDBN2 || objeto == TDBN3) && !EsIntro(k) &&
         teclaEnImporte(static_cast<QLineEdit*>(objeto), k, s_.PuntoDecimal))
         return true;
-    if (!esIntro(k))
+    if (!EsIntro(k))
         return QWidget::eventFilter(objeto, evento);
     if (objeto == Command1) {
         Command1->click();

@@ -3,6 +3,7 @@
 #include "platform/Ajustes.h"
 #include "platform/Dialogo.h"
 #include "platform/Impresora.h"
+#include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
 
 #include <QApplication>
@@ -192,7 +193,7 @@ bool FormOpcionesLibro::eventFilter(QObject* objeto, QEvent* evento) {
 
 bool FormOpcionesLibro::filtrarTecla(QObject* objeto, QKeyEvent* tecla) {
     // Enter moves the focus on, from the last box to "&Aceptar".
-    if (tecla->key() == Qt::Key_Return || tecla->key() == Qt::Key_Enter) {
+    if (EsIntro(tecla)) {
         QWidget* caja = qobject_cast<QWidget*>(objeto);
         if (auto* combo = qobject_cast<QComboBox*>(caja ? caja->parentWidget() : nullptr))
             caja = combo;

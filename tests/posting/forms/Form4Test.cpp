@@ -185,6 +185,17 @@ TEST_F(Pantallas, CamposDeFechaConceptoEImporte) {
     f->Combo1->setEditText("");
     QTest::keyClicks(f->Combo1->lineEdit(), QString(50, 'x'));
     EXPECT_EQ(f->Combo1->currentText().size(), 40);
+    // The keyboard reaches the combo box itself, which hands the keys to its line edit: Enter
+    // there goes on to the amount too.
+    f->Combo1->setEditText("");
+    f->Combo1->setFocus();
+    QTest::keyClicks(f->Combo1, "12");
+    QTest::keyClick(f->Combo1, Qt::Key_Return);
+    EXPECT_EQ(f->Combo1->currentText(), "Nómina del mes");
+    f->Combo1->setEditText("Luz de marzo");
+    QTest::keyClick(f->Combo1, Qt::Key_Return);
+    EXPECT_TRUE(f->TDBN1->hasFocus());
+    EXPECT_EQ(f->Combo1->currentText(), "Luz de marzo");
 
     // Amount: a point becomes the comma of the locale; letters don't get in.
     escribir(f->TDBN1, "12.5a-");
