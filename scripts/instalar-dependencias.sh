@@ -6,7 +6,7 @@ PAQUETES=(
   build-essential cmake pkg-config ninja-build
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-charts-dev libqt6opengl6-dev qt6-qpa-plugins
   libgl-dev libxkbcommon-dev
-  libsodium-dev libxlsxwriter-dev zlib1g-dev
+  libsodium-dev libxlsxwriter-dev zlib1g-dev libsqlite3-dev
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   fonts-liberation fonts-dejavu-core
   xvfb xauth x11-utils xdotool imagemagick poppler-utils unzip sqlite3

@@ -3,9 +3,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlRecord>
 #include <atomic>
+#include <sqlite3.h>
 
 namespace {
 
@@ -113,13 +115,21 @@ void Conexion::comprobarTipo(TipoBase tipo) {
         throw ErrorAlmacen(mal);
 }
 
-void Conexion::fallo(const QSqlQuery& q, const QString& sql) const {
-    const QSqlError e = q.lastError();
-    if (estaOcupada(e))
+namespace {
+
+[[noreturn]] void lanzarFallo(const QString& ruta, bool ocupada, const QString& texto) {
+    if (ocupada)
         throw ErrorAlmacen(QStringLiteral(
             "La base de datos está siendo utilizada por otro usuario. Inténtelo de nuevo."));
     throw ErrorAlmacen(
-        QStringLiteral("Error en la base de datos %1: %2").arg(nombreVisible(ruta_), e.text()));
+        QStringLiteral("Error en la base de datos %1: %2").arg(nombreVisible(ruta), texto));
+}
+
+} // namespace
+
+void Conexion::fallo(const QSqlQuery& q, const QString& sql) const {
+    const QSqlError e = q.lastError();
+    lanzarFallo(ruta_, estaOcupada(e), e.text());
 }
 
 QSqlQuery Conexion::ejecutar(const QString& sql, const QVariantList& valores) {
@@ -214,4 +224,88 @@ Transaccion::~Transaccion() {
         q.exec(QStringLiteral("RELEASE ") + punto_);
     }
     --c_.nivel_;
+}
+
+// ---- Lector ------------------------------------------------------------------------------
+
+Lector::Lector(Conexion& c, const QString& sql, const QVariantList& valores) : ruta_(c.ruta()) {
+    const QVariant h = c.bd().driver()->handle();
+    if (h.isValid() && qstrcmp(h.typeName(), "sqlite3*") == 0)
+        bd_ = *static_cast<sqlite3* const*>(h.constData());
+    if (!bd_)
+        lanzarFallo(ruta_, false, QStringLiteral("conexión no válida"));
+    if (sqlite3_prepare16_v2(bd_, sql.utf16(), -1, &st_, nullptr) != SQLITE_OK)
+        fallo();
+    int i = 1;
+    for (const QVariant& v : valores) {
+        int r = SQLITE_OK;
+        switch (v.isNull() && v.typeId() != QMetaType::QString ? QMetaType::UnknownType
+                                                               : v.typeId()) {
+        case QMetaType::UnknownType:
+            r = sqlite3_bind_null(st_, i);
+            break;
+        case QMetaType::Int:
+        case QMetaType::UInt:
+        case QMetaType::LongLong:
+        case QMetaType::ULongLong:
+        case QMetaType::Bool:
+            r = sqlite3_bind_int64(st_, i, v.toLongLong());
+            break;
+        case QMetaType::Double:
+        case QMetaType::Float:
+            r = sqlite3_bind_double(st_, i, v.toDouble());
+            break;
+        default: {
+            // A null text binds as '', as every other statement of the store does.
+            const QString t = v.toString();
+            r = sqlite3_bind_text16(st_, i, t.utf16(), int(t.size() * 2), SQLITE_TRANSIENT);
+            break;
+        }
+        }
+        if (r != SQLITE_OK)
+            fallo();
+        ++i;
+    }
+}
+
+Lector::~Lector() {
+    sqlite3_finalize(st_);
+}
+
+bool Lector::siguiente() {
+    const int r = sqlite3_step(st_);
+    if (r == SQLITE_ROW)
+        return true;
+    if (r == SQLITE_DONE)
+        return false;
+    fallo();
+}
+
+qint64 Lector::entero(int columna) const {
+    return sqlite3_column_int64(st_, columna);
+}
+
+double Lector::real(int columna) const {
+    return sqlite3_column_double(st_, columna);
+}
+
+QString Lector::texto(int columna) const {
+    const QStringView v = vista(columna);
+    return v.isNull() ? QString() : v.toString();
+}
+
+QStringView Lector::vista(int columna) const {
+    const auto* datos = static_cast<const char16_t*>(sqlite3_column_text16(st_, columna));
+    if (!datos)
+        return {};
+    return QStringView(datos, sqlite3_column_bytes16(st_, columna) / 2);
+}
+
+void Lector::fallo() {
+    const int codigo = sqlite3_errcode(bd_);
+    const QString texto = QString::fromUtf8(sqlite3_errmsg(bd_));
+    // A constructor that throws runs no destructor: the statement goes here.
+    sqlite3_finalize(st_);
+    st_ = nullptr;
+    lanzarFallo(ruta_, codigo == SQLITE_BUSY || codigo == SQLITE_LOCKED, texto);
 }

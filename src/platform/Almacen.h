@@ -50,6 +50,37 @@ private:
     std::unique_ptr<QHash<QString, QSqlQuery>> preparadas_;
 };
 
+struct sqlite3;
+struct sqlite3_stmt;
+
+// A long forward read straight from SQLite, for lists of hundreds of thousands of rows: values are
+// read in place, without a QVariant each. Values are bound as in Conexion::ejecutar. Read-only
+// statements only; the connection must outlive the reader.
+//     Lector l(c, "SELECT NAs, Concepto FROM Diario WHERE NCuenta = ?", {ncuenta});
+//     while (l.siguiente()) use(l.entero(0), l.texto(1));
+class Lector {
+public:
+    Lector(Conexion& c, const QString& sql, const QVariantList& valores = {});
+    ~Lector();
+    Lector(const Lector&) = delete;
+    Lector& operator=(const Lector&) = delete;
+
+    // Moves to the next row; false after the last. Throws ErrorAlmacen on failure.
+    bool siguiente();
+    qint64 entero(int columna) const;
+    double real(int columna) const;
+    QString texto(int columna) const;
+    // The text in place, valid until the next siguiente(): no copy.
+    QStringView vista(int columna) const;
+
+private:
+    [[noreturn]] void fallo();
+
+    QString ruta_;
+    sqlite3* bd_ = nullptr;
+    sqlite3_stmt* st_ = nullptr;
+};
+
 // One writing action. The outermost takes the write lock at once (BEGIN IMMEDIATE), so entry
 // numbers drawn inside it are unique between processes; inner ones are savepoints. Anything not
 // confirmed is rolled back when the object goes out of scope.

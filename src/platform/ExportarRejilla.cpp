@@ -196,7 +196,24 @@ void EscribirDelimitado(const Rejilla& rejilla, QTextStream& salida, QChar separ
         salida << Entrecomillar(rejilla.columna(c).titulo, separador);
     }
     salida << u'\n';
+    QString linea;
     for (int f = 0; f < rejilla.Filas(); ++f) {
+        // A row whose cells need no quotes is its kept text with the separator in place of the
+        // tabs: one write instead of a search and a copy per cell (a long list goes much faster).
+        const QStringView texto = rejilla.TextoFila(f);
+        if (separador == u'\t' || (!texto.contains(separador) && !texto.contains(u'"'))) {
+            if (separador == u'\t') {
+                salida << texto;
+            } else {
+                linea = texto.toString();
+                linea.replace(u'\t', separador);
+                salida << linea;
+            }
+            for (qsizetype c = texto.count(u'\t') + 1; c < columnas; ++c)
+                salida << separador;
+            salida << u'\n';
+            continue;
+        }
         for (int c = 0; c < columnas; ++c) {
             if (c > 0)
                 salida << separador;

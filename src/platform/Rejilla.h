@@ -70,6 +70,8 @@ public:
     bool Numerica(int c) const;
 
     int Filas() const { return int(filas_.size()); }
+    // Room for this many rows in all, so that a long fill does not move the rows as it grows.
+    void Reservar(int filas) { filas_.reserve(static_cast<size_t>(filas)); }
     // Adds a row from its cells joined by tabs; extra cells are dropped, missing ones empty.
     // Returns the new row's index.
     int AgregarFila(const QString& celdas);
@@ -80,6 +82,8 @@ public:
 
     QString Celda(int fila, int columna) const { return celda(fila, columna).toString(); }
     QStringView celda(int fila, int columna) const;
+    // The row's cells joined by tabs, as kept (trailing empty cells may be missing).
+    QStringView TextoFila(int fila) const { return filas_.at(static_cast<size_t>(fila)).texto; }
     void PonerCelda(int fila, int columna, const QString& texto);
     QStringList Fila(int fila) const;
 

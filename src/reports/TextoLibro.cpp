@@ -52,19 +52,19 @@ void AnadirEnteroMiles(QString& destino, long long valor) {
     anadirAgrupado(destino, static_cast<unsigned long long>(valor));
 }
 
-void AnadirFechaCorta(QString& destino, const QString& iso) {
+void AnadirFechaCorta(QString& destino, QStringView iso) {
     if (iso.size() >= 10 && iso.at(4) == u'-' && iso.at(7) == u'-') {
-        destino += QStringView(iso).mid(8, 2);
+        destino += iso.mid(8, 2);
         destino += u'/';
-        destino += QStringView(iso).mid(5, 2);
+        destino += iso.mid(5, 2);
         destino += u'/';
-        destino += QStringView(iso).left(4);
+        destino += iso.left(4);
     } else {
         destino += iso;
     }
 }
 
-void AnadirTexto(QString& destino, const QString& texto) {
+void AnadirTexto(QString& destino, QStringView texto) {
     const qsizetype inicio = destino.size();
     destino += texto;
     if (texto.contains(u'\t'))

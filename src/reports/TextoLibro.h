@@ -14,5 +14,5 @@
 void AnadirImporte(QString& destino, double valor);
 void AnadirEnteroMiles(QString& destino, long long valor);
 // An ISO date text (yyyy-MM-dd...) as dd/MM/yyyy; anything else is appended as it is.
-void AnadirFechaCorta(QString& destino, const QString& iso);
-void AnadirTexto(QString& destino, const QString& texto);
+void AnadirFechaCorta(QString& destino, QStringView iso);
+void AnadirTexto(QString& destino, QStringView texto);

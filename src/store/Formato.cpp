@@ -35,7 +35,8 @@ QString fijo(double valor, int decimales, bool grupos, bool quitarCerosFinales) 
 } // namespace
 
 double Redondear(double valor, int decimales) {
-    const double f = std::pow(10.0, decimales);
+    // Amounts are rounded to cents far more often than anything else: no pow for them.
+    const double f = decimales == 2 ? 100.0 : std::pow(10.0, decimales);
     const double x = valor * f;
     // A nudge far above the float error of x and far below any decimal that matters, so that
     // 2.675 (stored as 2.67499999...) rounds up as the decimal value says.

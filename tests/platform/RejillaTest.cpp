@@ -196,6 +196,8 @@ TEST(Rejilla, TextoDelimitado) {
     const QByteArray bytes = f.readAll();
     EXPECT_TRUE(bytes.startsWith("\xEF\xBB\xBF"));
     const QStringList csvLineas = QString::fromUtf8(bytes.mid(3)).split(u'\n');
+    EXPECT_EQ(csvLineas[1], QStringLiteral("1;01/01/2024;Apertura;1.234,56;157000001"));
+    EXPECT_EQ(csvLineas[3], QStringLiteral("Subcuenta : Caja, euros;;;;"));
     EXPECT_EQ(
         csvLineas[2],
         QStringLiteral("1.001;31/12/2024;\"Compra de Ñandú, \"\"lote\"\"\";-20,00;600000001"));

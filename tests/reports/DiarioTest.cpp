@@ -339,9 +339,9 @@ TEST(Diario, TextosRapidosComoFormato) {
         EXPECT_EQ(s, Formato(double(n), "#,###")) << n;
     }
     QString f;
-    AnadirFechaCorta(f, "2024-03-09");
+    AnadirFechaCorta(f, u"2024-03-09");
     EXPECT_EQ(f, "09/03/2024");
     QString t = "a";
-    AnadirTexto(t, "b\tc");
+    AnadirTexto(t, u"b\tc");
     EXPECT_EQ(t, "ab c");
 }

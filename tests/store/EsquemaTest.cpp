@@ -1,8 +1,8 @@
 // Every table and stored query answers the fields the books read, and foreign or damaged files
 // are refused with a message instead of a crash.
 
-#include "Entorno.h"
 #include "store/Esquema.h"
+#include "Entorno.h"
 
 #include <QFile>
 #include <QSqlRecord>
@@ -21,38 +21,45 @@ TEST(Esquema, LasConsultasDevuelvenLosCamposQueSeLeen) {
     Entorno e;
     e.crearEmpresa();
     Conexion c = e.datos();
-    const QStringList diario{"NAs", "NAp", "Fecha", "NCuenta", "Concepto", "Debe", "Haber",
-                             "Documento", "Sector", "IdIVA", "Clase", "CasacionN", "CasacionH",
-                             "Punteo"};
+    const QStringList diario{"NAs",   "NAp",       "Fecha",     "NCuenta", "Concepto",
+                             "Debe",  "Haber",     "Documento", "Sector",  "IdIVA",
+                             "Clase", "CasacionN", "CasacionH", "Punteo"};
     tieneCampos(c, "ConDiario", diario + QStringList{"Cuenta"});
     tieneCampos(c, "ConMayor", {"NCuenta", "Cuenta", "SaldoD", "SaldoH", "Aparcada", "Desde"});
-    tieneCampos(c, "ConCliPro", {"NCuenta", "NIF", "Domicilio", "Municipio", "CPostal", "Provincia",
-                                 "Pais", "Tfn1", "Tfn2", "Contacto", "Observaciones", "Cuenta"});
-    tieneCampos(c, "ConDatosIVA", {"IdIVA", "CP", "Fecha", "NCuenta", "NFactura", "Base",
-                                   "Porcentaje", "Cuota", "ClaseIVA", "LIVA", "L347", "Retencion",
-                                   "TipOp", "NAs", "Sector", "Cuenta", "NIF", "CodigoProv"});
-    tieneCampos(c, "ConDiarioIVA", {"NAs", "NAp", "Fecha", "Concepto", "Documento", "Cuenta",
-                                    "Debe", "Haber", "Imputado", "NFactura", "NCuenta", "Sector",
-                                    "Base", "Cuota"});
+    tieneCampos(c, "ConCliPro",
+                {"NCuenta", "NIF", "Domicilio", "Municipio", "CPostal", "Provincia", "Pais", "Tfn1",
+                 "Tfn2", "Contacto", "Observaciones", "Cuenta"});
+    tieneCampos(c, "ConDatosIVA",
+                {"IdIVA", "CP", "Fecha", "NCuenta", "NFactura", "Base", "Porcentaje", "Cuota",
+                 "ClaseIVA", "LIVA", "L347", "Retencion", "TipOp", "NAs", "Sector", "Cuenta", "NIF",
+                 "CodigoProv"});
+    tieneCampos(c, "ConDiarioIVA",
+                {"NAs", "NAp", "Fecha", "Concepto", "Documento", "Cuenta", "Debe", "Haber",
+                 "Imputado", "NFactura", "NCuenta", "Sector", "Base", "Cuota"});
     tieneCampos(c, "ConCtaGrp", {"NCuenta", "Cuenta", "Grupo"});
-    tieneCampos(c, "ConDelDia", {"Nº", "Fecha", "NCuenta1", "NCuenta2", "Concepto", "Importe",
-                                 "Documento", "Sector", "CP", "Cuenta1", "Cuenta2"});
+    tieneCampos(c, "ConDelDia",
+                {"Nº", "Fecha", "NCuenta1", "NCuenta2", "Concepto", "Importe", "Documento",
+                 "Sector", "CP", "Cuenta1", "Cuenta2"});
     tieneCampos(c, "ConTiposIVA", {"NCuenta", "Cuenta", "Clase", "Porcentaje"});
-    tieneCampos(c, "Empresa", {"Codigo", "Nombre", "NIF", "Domicilio", "Nº", "Ciudad", "CPostal",
-                               "Provincia", "FechaIni", "EjCerrado", "NAsReg", "NAsFin"});
+    tieneCampos(c, "Empresa",
+                {"Codigo", "Nombre", "NIF", "Domicilio", "Nº", "Ciudad", "CPostal", "Provincia",
+                 "FechaIni", "EjCerrado", "NAsReg", "NAsFin"});
     tieneCampos(c, "Sectores", {"IdSector", "Sector"});
     Conexion b = e.bavar();
-    tieneCampos(b, "ConInventario", {"NElemento", "Nombre", "NCentro", "FechaAdq", "Importe",
-                                     "Amortizado", "UltimaAmort", "SubctaAmort", "SubctaDota",
-                                     "FechaBaja", "CausaBaja", "Localizacion"});
-    tieneCampos(b, "Periodicos", {"Nombre", "Periodicidad", "FechaIni", "FechaProx", "NCuenta",
-                                  "Concepto", "Debe", "Haber", "Documento", "Sector"});
-    tieneCampos(b, "AsPredi", {"Codigo", "Nombre", "Fecha", "Subcuenta", "Concepto", "Importe", "DH",
-                               "Sector", "Documento", "BaseImp", "CliPro", "Factura", "NCuenta",
-                               "NCliPro", "Etiqueta", "LibroIVA", "Mod347", "Coment"});
-    tieneCampos(b, "Vencimientos", {"IdVenc", "Tipo", "NCuenta1", "NCuenta2", "Importe", "FechaE",
-                                    "FechaV", "Forma", "Situacion", "Concepto", "Documento",
-                                    "Sector", "Remesa"});
+    tieneCampos(b, "ConInventario",
+                {"NElemento", "Nombre", "NCentro", "FechaAdq", "Importe", "Amortizado",
+                 "UltimaAmort", "SubctaAmort", "SubctaDota", "FechaBaja", "CausaBaja",
+                 "Localizacion"});
+    tieneCampos(b, "Periodicos",
+                {"Nombre", "Periodicidad", "FechaIni", "FechaProx", "NCuenta", "Concepto", "Debe",
+                 "Haber", "Documento", "Sector"});
+    tieneCampos(b, "AsPredi",
+                {"Codigo", "Nombre", "Fecha", "Subcuenta", "Concepto", "Importe", "DH", "Sector",
+                 "Documento", "BaseImp", "CliPro", "Factura", "NCuenta", "NCliPro", "Etiqueta",
+                 "LibroIVA", "Mod347", "Coment"});
+    tieneCampos(b, "Vencimientos",
+                {"IdVenc", "Tipo", "NCuenta1", "NCuenta2", "Importe", "FechaE", "FechaV", "Forma",
+                 "Situacion", "Concepto", "Documento", "Sector", "Remesa"});
     Conexion v(e.sesion.rutaBavis(), TipoBase::Bavis);
     tieneCampos(v, "Usuarios", {"Usuario", "Contraseña"});
     tieneCampos(v, "Avisos", {"NAviso", "Fecha", "Periodo", "Texto"});
@@ -136,6 +143,38 @@ TEST(Almacen, TransaccionesAnidadasYDeshechas) {
     c.ejecutar("INSERT INTO T VALUES (?)", {QString()});
     EXPECT_EQ(c.escalar("SELECT COUNT(*) FROM T WHERE v = ''").toInt(), 1)
         << "a null text is stored as empty, never NULL";
+}
+
+TEST(Almacen, LectorLeeComoEjecutarYBindeaIgual) {
+    QTemporaryDir dir;
+    Conexion c(dir.filePath("x.db"), TipoBase::Cualquiera, true);
+    c.ejecutar("CREATE TABLE T (n INTEGER, x REAL, v TEXT)");
+    c.ejecutar("INSERT INTO T VALUES (?, ?, ?)", {qint64(5000000000), 1234.56, "Ñandú, \"año\""});
+    c.ejecutar("INSERT INTO T VALUES (?, ?, ?)", {2, 0.1, QString()});
+    c.ejecutar("INSERT INTO T VALUES (NULL, NULL, NULL)");
+
+    Lector l(c, "SELECT n, x, v FROM T WHERE v = ? OR n = ? ORDER BY rowid",
+             {QString(), qint64(5000000000)});
+    ASSERT_TRUE(l.siguiente());
+    EXPECT_EQ(l.entero(0), 5000000000LL);
+    EXPECT_DOUBLE_EQ(l.real(1), 1234.56);
+    EXPECT_EQ(l.texto(2), QStringLiteral("Ñandú, \"año\""));
+    ASSERT_TRUE(l.siguiente()) << "a null text binds as '', as ejecutar binds it";
+    EXPECT_EQ(l.entero(0), 2);
+    EXPECT_TRUE(l.vista(2).isEmpty());
+    EXPECT_FALSE(l.siguiente());
+
+    Lector nulos(c, "SELECT v FROM T WHERE n IS ?", {QVariant()});
+    ASSERT_TRUE(nulos.siguiente());
+    EXPECT_TRUE(nulos.texto(0).isNull());
+
+    try {
+        Lector malo(c, "SELECT * FROM NoExiste");
+        FAIL() << "a bad statement was prepared";
+    } catch (const ErrorAlmacen& e) {
+        EXPECT_TRUE(e.mensaje().startsWith("Error en la base de datos x.db: "))
+            << qPrintable(e.mensaje());
+    }
 }
 
 } // namespace

@@ -15,6 +15,7 @@
 //     Form5::VerMovimientos() = [](QWidget* ventana, const PeticionMovimientos& p) { ... Form10 };
 
 #include "reports/Diario.h"
+#include "reports/Movimientos.h"
 #include "reports/OpcionesLibro.h"
 #include "reports/forms/VentanaLibro.h"
 
@@ -22,14 +23,6 @@
 #include <functional>
 
 class Form57;
-
-// What "Ver Movimientos de la Subcuenta" hands to the movements of a subaccount.
-struct PeticionMovimientos {
-    QDate desde, hasta; // the list's dates (the exercise's when selected by numbers)
-    QString area;       // first digit of NCuenta
-    QString ncuenta;
-    QString nombre; // the subaccount's name as the row shows it
-};
 
 class Form5 : public VentanaLibro {
     Q_OBJECT

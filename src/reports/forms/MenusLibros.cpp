@@ -5,6 +5,7 @@
 #include "posting/forms/Form7.h"
 #include "reports/forms/Form11.h"
 #include "reports/forms/Form5.h"
+#include "reports/forms/MenusMayor.h"
 
 Form5* AbrirDiario(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
     Form5* f = Form5::Abrir(s, a, d, &tablero);
@@ -46,4 +47,5 @@ void ConectarLibros(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
         if (f)
             f->Buscar();
     });
+    ConectarMayor(tablero, s, a, d);
 }
