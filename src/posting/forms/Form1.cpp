@@ -631,14 +631,22 @@ QList<QWidget*> Form1::librosAbiertos(const QString& tipo) const {
 }
 
 void Form1::cerrarLibros(const QString& tipo) {
+    QList<QPointer<QWidget>> libros;
     for (QWidget* w : librosAbiertos(tipo))
-        w->close();
+        libros << w;
+    for (const QPointer<QWidget>& w : libros)
+        if (w)
+            w->close();
     QCoreApplication::processEvents();
 }
 
 void Form1::refrescarLibros() {
+    // A book's fill runs the event loop, where another book closed before may be deleted.
+    QList<QPointer<QWidget>> libros;
     for (QWidget* w : librosAbiertos())
-        if (w->metaObject()->indexOfSlot("Refrescar()") >= 0)
+        libros << w;
+    for (const QPointer<QWidget>& w : libros)
+        if (w && w->metaObject()->indexOfSlot("Refrescar()") >= 0)
             QMetaObject::invokeMethod(w, "Refrescar");
 }
 

@@ -3,6 +3,7 @@
 #include "posting/forms/Form1.h"
 #include "posting/forms/Form7.h"
 #include "reports/forms/Form10.h"
+#include "reports/forms/Form11.h"
 #include "reports/forms/Form5.h"
 #include "reports/forms/Form55.h"
 
@@ -44,7 +45,10 @@ void ConectarMayor(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
             TrasEliminar(t, f);
         }
     });
-    Form5::VerMovimientos() = [t, &s, &a, &d](QWidget*, const PeticionMovimientos& p) {
+    // The journal's "Ver Movimientos de la Subcuenta" and the trial balance's double click.
+    const auto ver = [t, &s, &a, &d](QWidget*, const PeticionMovimientos& p) {
         AbrirMovimientos(*t, s, a, d, p);
     };
+    Form5::VerMovimientos() = ver;
+    Form11::VerMovimientos() = ver;
 }

@@ -9,6 +9,7 @@
 #include "platform/forms/VistaRejilla.h"
 #include "posting/forms/Form1.h"
 #include "reports/SumasSaldos.h"
+#include "reports/forms/Form10.h"
 #include "reports/forms/Form11.h"
 #include "reports/forms/Form78.h"
 #include "reports/forms/MenusLibros.h"
@@ -227,6 +228,24 @@ TEST(MenusLibros, SumasYSaldosDesdeElTablero) {
     QTest::qWait(50);
     EXPECT_EQ(f->rejilla().Filas(), 8);
 
+    // A subaccount's row leads to its movements over the same dates; a group row to nothing.
+    ASSERT_TRUE(f->accion("mnuMovCta")->isEnabled());
+    int grupo = -1, subcuenta = -1;
+    for (int i = 0; i < f->rejilla().Filas(); ++i)
+        (f->rejilla().Celda(i, ColSySNCuenta).isEmpty() ? grupo : subcuenta) = i;
+    ASSERT_GE(grupo, 0);
+    ASSERT_GE(subcuenta, 0);
+    f->tabla()->setCurrentIndex(f->tabla()->model()->index(grupo, 0));
+    f->accion("mnuMovCta")->trigger();
+    EXPECT_TRUE(tablero.librosAbiertos("Movimientos").isEmpty());
+    f->tabla()->setCurrentIndex(f->tabla()->model()->index(subcuenta, 0));
+    f->accion("mnuMovCta")->trigger();
+    ASSERT_EQ(tablero.librosAbiertos("Movimientos").size(), 1);
+    auto* m = qobject_cast<Form10*>(tablero.librosAbiertos("Movimientos").first());
+    ASSERT_TRUE(m);
+    EXPECT_EQ(m->seleccion().ncuenta, f->rejilla().Celda(subcuenta, ColSySNCuenta));
+    m->close();
+
     // An entry posted elsewhere shows when the board refreshes its books.
     e.asiento(QDate(2024, 7, 1), {Debe(Caja, 5), Haber(Banco, 5)});
     tablero.refrescarLibros();
@@ -234,4 +253,7 @@ TEST(MenusLibros, SumasYSaldosDesdeElTablero) {
     tablero.cerrarLibros("SyS");
     QTest::qWait(50);
     EXPECT_TRUE(tablero.librosAbiertos("SyS").isEmpty());
+    Form11::VerMovimientos() = nullptr;
+    Form5::VerMovimientos() = nullptr;
+    Form5::VerModificarAsiento() = nullptr;
 }
