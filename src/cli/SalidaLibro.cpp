@@ -52,6 +52,16 @@ OpcionesLibro OpcionesImpresionCli(ContextoCli& c, const ConfigOpciones& config)
     return op;
 }
 
+QDate FechaOpcion(ContextoCli& c, const QString& nombre, const QDate& defecto) {
+    const QString texto = c.opcion(nombre);
+    if (texto.isEmpty())
+        return defecto;
+    const QString valida = ValidarFecha(texto, c.dialogo);
+    if (valida.isEmpty())
+        throw Rechazo(QStringLiteral("La fecha de --%1 no es válida.").arg(nombre));
+    return FechaDeTexto(valida);
+}
+
 int SalidaLibroCli(ContextoCli& c, const LibroCli& libro) {
     const QString nombre = c.opcion(QStringLiteral("formato"), QStringLiteral("txt")).toLower();
     const QString salida = c.opcion(QStringLiteral("salida"));

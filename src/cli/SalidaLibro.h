@@ -15,10 +15,14 @@
 #include "platform/Impresora.h"
 #include "reports/OpcionesLibro.h"
 
+#include <QDate>
 #include <functional>
 
 class ContextoCli;
 class Rejilla;
+
+// The date of option --nombre, or defecto when it is not given; throws Rechazo when it is no date.
+QDate FechaOpcion(ContextoCli& c, const QString& nombre, const QDate& defecto);
 
 // Options common to the book verbs, as their help lists them.
 extern const QString AyudaSalidaLibro;

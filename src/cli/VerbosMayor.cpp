@@ -17,16 +17,6 @@
 
 namespace {
 
-QDate FechaOpcion(ContextoCli& c, const QString& nombre, const QDate& defecto) {
-    const QString texto = c.opcion(nombre);
-    if (texto.isEmpty())
-        return defecto;
-    const QString valida = ValidarFecha(texto, c.dialogo);
-    if (valida.isEmpty())
-        throw Rechazo(QStringLiteral("La fecha de --%1 no es válida.").arg(nombre));
-    return FechaDeTexto(valida);
-}
-
 int movimientos(ContextoCli& c) {
     if (c.posicionales.size() != 1)
         throw Rechazo(QStringLiteral("Indique la subcuenta: quilmar-cli movimientos NCUENTA."));

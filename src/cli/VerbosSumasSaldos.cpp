@@ -16,16 +16,6 @@
 
 namespace {
 
-QDate FechaOpcion(ContextoCli& c, const QString& nombre, const QDate& defecto) {
-    const QString texto = c.opcion(nombre);
-    if (texto.isEmpty())
-        return defecto;
-    const QString valida = ValidarFecha(texto, c.dialogo);
-    if (valida.isEmpty())
-        throw Rechazo(QStringLiteral("La fecha de --%1 no es válida.").arg(nombre));
-    return FechaDeTexto(valida);
-}
-
 int sumasSaldos(ContextoCli& c) {
     c.abrirEmpresa();
     Sesion& s = c.sesion;

@@ -188,15 +188,8 @@ void Form10::verAsiento(int fila) {
 
 void Form10::eliminarAsiento() {
     const long nas = asientoDeFila(filaActual());
-    if (nas <= 0)
+    if (!borrarAsiento(nas))
         return;
-    try {
-        if (!EliminarAsientoDiario(s_, d_, nas))
-            return;
-    } catch (const ErrorQuilmar& e) {
-        d_.Informar(e.mensaje());
-        return;
-    }
     // The list stays open and shows the subaccount without the entry.
     LlenarMayor();
     Q_EMIT asientoEliminado(nas);

@@ -110,15 +110,8 @@ void Form5::verAsiento(int fila) {
 
 void Form5::eliminarAsiento() {
     const long nas = asientoDeFila(filaActual());
-    if (nas <= 0)
+    if (!borrarAsiento(nas))
         return;
-    try {
-        if (!EliminarAsientoDiario(s_, d_, nas))
-            return;
-    } catch (const ErrorQuilmar& e) {
-        d_.Informar(e.mensaje());
-        return;
-    }
     close();
     Q_EMIT asientoEliminado(nas);
 }

@@ -79,15 +79,8 @@ void Form55::verAsiento(int fila) {
 
 void Form55::eliminarAsiento() {
     const long nas = asientoDeFila(filaActual());
-    if (nas <= 0)
+    if (!borrarAsiento(nas))
         return;
-    try {
-        if (!EliminarAsientoDiario(s_, d_, nas))
-            return;
-    } catch (const ErrorQuilmar& e) {
-        d_.Informar(e.mensaje());
-        return;
-    }
     LlenarMayor();
     Q_EMIT asientoEliminado(nas);
 }

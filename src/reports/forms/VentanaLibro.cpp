@@ -5,6 +5,7 @@
 #include "platform/forms/TablaRejilla.h"
 #include "platform/forms/Ventana.h"
 #include "platform/forms/VistaRejilla.h"
+#include "reports/Diario.h"
 
 #include <QAction>
 #include <QApplication>
@@ -152,3 +153,14 @@ void VentanaLibro::Copiar() {
 }
 
 void VentanaLibro::Refrescar() {}
+
+bool VentanaLibro::borrarAsiento(long nas) {
+    if (nas <= 0)
+        return false;
+    try {
+        return EliminarAsientoDiario(s_, d_, nas);
+    } catch (const ErrorQuilmar& e) {
+        d_.Informar(e.mensaje());
+        return false;
+    }
+}

@@ -79,6 +79,9 @@ protected:
     void ponerBarra(const QList<QPair<int, QAction*>>& botones);
     // Entries of the grid's context menu after "Copiar", in order.
     void alMenu(QAction* accion);
+    // Deletes entry nas after the journal's question (and its refusals, told to the user); true
+    // when it went. A number of 0 or below is no entry.
+    bool borrarAsiento(long nas);
 
     Sesion& s_;
     Ajustes& a_;
