@@ -8,6 +8,8 @@
 #include "reports/OpcionesLibro.h"
 #include "store/Formato.h"
 
+#include <QAction>
+
 namespace cuentas {
 inline const QString Caja = "157000001", Banco = "157200003", Compras = "660000044",
                      Proveedor = "240000009", IvaSop = "447200028", IvaRep = "247700016",
@@ -43,4 +45,16 @@ inline QStringList Linea(const ImpresoraGrabadora& imp, const Trazo* t) {
 
 inline double Derecha(const Trazo* t) {
     return t->x + t->ancho;
+}
+
+// A window's toolbar by index from 1: each button's action name, "|" for a separator.
+template <class Ventana> QStringList Barra(Ventana* f, int botones) {
+    QStringList r;
+    for (int i = 1; i <= botones; ++i) {
+        const QAction* a = f->boton(i);
+        r << (!a                 ? QStringLiteral("(ninguno)")
+              : a->isSeparator() ? QStringLiteral("|")
+                                 : a->objectName());
+    }
+    return r;
 }
