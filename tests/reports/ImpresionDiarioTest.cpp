@@ -78,9 +78,8 @@ TEST(ImpresionDiario, ModeloOficialColumnasSinYConDocumento) {
             ASSERT_TRUE(fecha);
             const QStringList fila = Linea(imp, fecha);
             ASSERT_EQ(fila.size(), 5) << fila.join('|').toStdString();
-            EXPECT_EQ(fila.at(0), "1");
-            EXPECT_EQ(fila.at(2), "Caja");
-            EXPECT_EQ(fila.at(4), "1.234,50");
+            EXPECT_EQ(QStringList({fila.at(0), fila.at(2), fila.at(4)}),
+                      QStringList({"1", "Caja", "1.234,50"}));
             // The column for handwriting stays empty: DOC-1 is not printed.
             EXPECT_FALSE(Buscar(imp, "DOC-1"));
             const QString cortado = fila.at(3);
