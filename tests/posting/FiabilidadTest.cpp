@@ -230,11 +230,12 @@ TEST_F(Fiabilidad, DosProcesosALaVezNoCompartenNumeros) {
     Conexion c = e.datos();
     EXPECT_EQ(ComprobarLibros(c), 4000) << "nothing lost";
     EXPECT_EQ(Contar(c, "SELECT MAX(NAs) FROM Diario"), 4001) << "numbers run on without gaps";
-    // The two really ran at once: their entries are interleaved in the numbering.
+    // The two really ran at once: their entries are interleaved in the numbering (one after the
+    // other would switch once). How often they take turns depends on the machine's load.
     EXPECT_GT(Contar(c, "SELECT COUNT(*) FROM (SELECT NAs, substr(Concepto, 1, 2) AS P, "
                         "LAG(substr(Concepto, 1, 2)) OVER (ORDER BY NAs) AS Antes FROM Diario "
                         "WHERE NAp = 1 AND Concepto LIKE 'H%') WHERE P <> Antes"),
-              10);
+              1);
 }
 
 } // namespace
