@@ -232,26 +232,6 @@ TEST(DecidirSoltar, CodigosErroneos) {
     EXPECT_EQ(DecidirSoltar(e).accion, Accion::Nuevo);
 }
 
-// ---- The edge cases of the board ------------------------------------------------------------
-
-TEST(DecidirSoltar, UnIngresoAlBancoYDespuesElMismoIngresoSobreSiMismo) {
-    // Bank debited, income credited.
-    esperarNuevo(DecidirSoltar(arrastre(3, Ventas, 1, Banco)), Banco, Ventas);
-    // After posting, the bank is the money: the income on itself makes the next entry.
-    EntradaSoltar e = arrastre(3, Ventas, 3, Ventas);
-    e.Dinero = Banco;
-    const DecisionSoltar d = DecidirSoltar(e);
-    esperarNuevo(d, Banco, Ventas);
-    EXPECT_TRUE(d.Rapido);
-}
-
-TEST(DecidirSoltar, DentroDeSeDebeLosLadosSeCruzan) {
-    // From supplier A onto supplier B: A debited, B credited.
-    esperarNuevo(DecidirSoltar(arrastre(2, ProveedorA, 2, ProveedorB)), ProveedorA, ProveedorB);
-    // From a bank onto a supplier: the supplier debited.
-    esperarNuevo(DecidirSoltar(arrastre(1, Banco, 2, ProveedorA)), ProveedorA, Banco);
-}
-
 // ---- Adding to an open entry: tests A to E --------------------------------------------------
 
 TEST(DecidirSoltar, SinImporteEnLaUltimaLineaSoloSeMuestra) {

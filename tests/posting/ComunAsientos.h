@@ -7,6 +7,7 @@
 #include "posting/Contabilizar.h"
 
 #include <QSqlQuery>
+#include <QSqlRecord>
 #include <functional>
 
 namespace cuentas {
@@ -84,4 +85,22 @@ inline QStringList LineasDiario(Conexion& c, long nas) {
 
 inline int Contar(Conexion& c, const QString& sql) {
     return c.escalar(sql).toInt();
+}
+
+// Every row of a query, its values joined by '|'.
+inline QStringList Filas(Conexion& c, const QString& sql, const QVariantList& valores = {}) {
+    QStringList r;
+    QSqlQuery q = c.ejecutar(sql, valores);
+    while (q.next()) {
+        QStringList v;
+        for (int i = 0; i < q.record().count(); ++i)
+            v << q.value(i).toString();
+        r << v.join('|');
+    }
+    return r;
+}
+
+// The heading and figures the VAT screen showed.
+inline QStringList Textos(const VistaIva& v) {
+    return {v.Encabezado, v.ClaseCP, v.Base, v.Porcentaje, v.Cuota, v.Clase};
 }

@@ -28,6 +28,20 @@ protected:
         k.Estado.Modo = "DOS";
         ASSERT_EQ(k.Aceptar(campos("100")).tipo, Tipo::Relleno);
     }
+    // Rows typed straight into the grid as "NCuenta|Debe|Haber[|name]", dated and described alike.
+    void rejilla(const QStringList& filas, const QString& concepto = "Periódico") {
+        k.Rejilla.vaciar();
+        for (const QString& fila : filas) {
+            const QStringList v = fila.split('|');
+            const int f = k.Rejilla.anadirFila();
+            k.Rejilla.fijar(f, ColF4::Fecha, "20/04/2024");
+            k.Rejilla.fijar(f, ColF4::Concepto, concepto);
+            k.Rejilla.fijar(f, ColF4::NCuenta, v[0]);
+            k.Rejilla.fijar(f, ColF4::Debe, v[1]);
+            k.Rejilla.fijar(f, ColF4::Haber, v[2]);
+            k.Rejilla.fijar(f, ColF4::Cuenta, v.value(3));
+        }
+    }
     QStringList importes() const {
         QStringList r;
         for (int f = 1; f <= k.Rejilla.ultima(); ++f)
@@ -169,15 +183,6 @@ TEST_F(Contabilizacion, CambiosSeAplicanUnoPorPulsacionEnSuOrden) {
 }
 
 TEST_F(Contabilizacion, CRepetidasFundeYQuitaLasQueSeAnulan) {
-    auto rejilla = [&](QList<std::tuple<QString, QString, QString>> filas) {
-        k.Rejilla.vaciar();
-        for (const auto& [ncuenta, debe, haber] : filas) {
-            const int f = k.Rejilla.anadirFila();
-            k.Rejilla.fijar(f, ColF4::NCuenta, ncuenta);
-            k.Rejilla.fijar(f, ColF4::Debe, debe);
-            k.Rejilla.fijar(f, ColF4::Haber, haber);
-        }
-    };
     auto resultado = [&] {
         QStringList r;
         for (int f = 1; f <= k.Rejilla.ultima(); ++f)
@@ -186,26 +191,17 @@ TEST_F(Contabilizacion, CRepetidasFundeYQuitaLasQueSeAnulan) {
         return r;
     };
     // Same subaccount on both sides, equal amounts: neither line stays.
-    rejilla(
-        {{Caja, "100,00", ""}, {Banco, "", "30,00"}, {Caja, "", "100,00"}, {Compras, "30,00", ""}});
+    rejilla({Caja + "|100,00|", Banco + "||30,00", Caja + "||100,00", Compras + "|30,00|"});
     CRepetidas(k.Rejilla);
     EXPECT_EQ(resultado(), QStringList({Banco + " |30,00", Compras + " 30,00|"}));
     // Netting lands on the side that wins, in the first row; codes compared trimmed.
-    rejilla({{Caja, "100,00", ""},
-             {Banco + " ", "", "130,00"},
-             {Caja, "", "70,00"},
-             {Banco, "100,00", ""},
-             {Caja, "", "45,50"}});
+    rejilla({Caja + "|100,00|", Banco + " ||130,00", Caja + "||70,00", Banco + "|100,00|",
+             Caja + "||45,50"});
     CRepetidas(k.Rejilla);
     EXPECT_EQ(resultado(), QStringList({Caja + " |15,50", Banco + " |30,00"}));
     // After a pair goes, the row that takes its place is scanned too.
-    rejilla({{Caja, "10,00", ""},
-             {Caja, "", "10,00"},
-             {Banco, "5,00", ""},
-             {Banco, "5,00", ""},
-             {Compras, "0,10", ""},
-             {Compras, "0,20", ""},
-             {Compras, "", "0,30"}});
+    rejilla({Caja + "|10,00|", Caja + "||10,00", Banco + "|5,00|", Banco + "|5,00|",
+             Compras + "|0,10|", Compras + "|0,20|", Compras + "||0,30"});
     CRepetidas(k.Rejilla);
     EXPECT_EQ(resultado(), QStringList({Banco + " 10,00|"})) << "0.1 + 0.2 - 0.3 nets to zero";
 }
@@ -241,19 +237,7 @@ TEST_F(Contabilizacion, AnuladoPorCRepetidasNoEscribeNadaPeroElNumeroSube) {
 TEST_F(Contabilizacion, LineasDelDebePrimeroConceptoCortadoYContraDinero) {
     // On screen: credit, debit, credit, as a periodic entry can come.
     const QString largo = "Cobro de la factura de marzo del cliente principal 2024";
-    k.Rejilla.vaciar();
-    const QStringList c[] = {{Ventas, "Ventas", "", "100,00"},
-                             {Banco, "Banco", "60,00", ""},
-                             {Caja, "Caja", "40,00", ""}};
-    for (const QStringList& l : c) {
-        const int f = k.Rejilla.anadirFila();
-        k.Rejilla.fijar(f, ColF4::Fecha, "20/04/2024");
-        k.Rejilla.fijar(f, ColF4::NCuenta, l[0]);
-        k.Rejilla.fijar(f, ColF4::Cuenta, l[1]);
-        k.Rejilla.fijar(f, ColF4::Debe, l[2]);
-        k.Rejilla.fijar(f, ColF4::Haber, l[3]);
-        k.Rejilla.fijar(f, ColF4::Concepto, largo);
-    }
+    rejilla({Ventas + "||100,00|Ventas", Banco + "|60,00||Banco", Caja + "|40,00||Caja"}, largo);
     k.Rejilla.fijar(2, ColF4::Casacion, "0");
     tablero.CuentaDinero = "xxx";
     const ResultadoAceptar r = k.Publicar({});
@@ -279,16 +263,7 @@ TEST_F(Contabilizacion, LineasDelDebePrimeroConceptoCortadoYContraDinero) {
 
 TEST_F(Contabilizacion, CuadreExactoSoloEnConfirmacionDePeriodicos) {
     auto cargar = [&](const QString& d1, const QString& d2, const QString& h) {
-        k.Rejilla.vaciar();
-        for (const QStringList& l :
-             {QStringList{Compras, d1, ""}, QStringList{Caja, d2, ""}, QStringList{Banco, "", h}}) {
-            const int f = k.Rejilla.anadirFila();
-            k.Rejilla.fijar(f, ColF4::Fecha, "20/04/2024");
-            k.Rejilla.fijar(f, ColF4::Concepto, "Periódico");
-            k.Rejilla.fijar(f, ColF4::NCuenta, l[0]);
-            k.Rejilla.fijar(f, ColF4::Debe, l[1]);
-            k.Rejilla.fijar(f, ColF4::Haber, l[2]);
-        }
+        rejilla({Compras + "|" + d1 + "|", Caja + "|" + d2 + "|", Banco + "||" + h});
     };
     long avisado = 0;
     k.AsientoPeriodicoHecho = [&](long n) {

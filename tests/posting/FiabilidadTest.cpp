@@ -60,12 +60,12 @@ int ComprobarLibros(Conexion& c) {
     int asientos = 0;
     while (q.next()) {
         ++asientos;
+        // Lines, numbers, first NAp, last NAp, debit before credit.
         const int n = q.value(0).toString().section('-', 2).toInt();
-        EXPECT_EQ(q.value(1).toInt(), n) << q.value(0).toString().toStdString();
-        EXPECT_EQ(q.value(2).toInt(), 1);
-        EXPECT_EQ(q.value(3).toInt(), 1);
-        EXPECT_EQ(q.value(4).toInt(), n);
-        EXPECT_EQ(q.value(5).toInt(), 1);
+        EXPECT_EQ(QList<int>({q.value(1).toInt(), q.value(2).toInt(), q.value(3).toInt(),
+                              q.value(4).toInt(), q.value(5).toInt()}),
+                  QList<int>({n, 1, 1, n, 1}))
+            << q.value(0).toString().toStdString();
     }
     EXPECT_EQ(Contar(c, "SELECT COUNT(DISTINCT NAs) FROM Diario WHERE Concepto LIKE 'H%'"),
               asientos)
@@ -230,11 +230,12 @@ TEST_F(Fiabilidad, DosProcesosALaVezNoCompartenNumeros) {
     Conexion c = e.datos();
     EXPECT_EQ(ComprobarLibros(c), 4000) << "nothing lost";
     EXPECT_EQ(Contar(c, "SELECT MAX(NAs) FROM Diario"), 4001) << "numbers run on without gaps";
-    // The two really ran at once: their entries are interleaved in the numbering.
+    // The two really ran at once: their entries are interleaved in the numbering (one after the
+    // other would switch once). How often they take turns depends on the machine's load.
     EXPECT_GT(Contar(c, "SELECT COUNT(*) FROM (SELECT NAs, substr(Concepto, 1, 2) AS P, "
                         "LAG(substr(Concepto, 1, 2)) OVER (ORDER BY NAs) AS Antes FROM Diario "
                         "WHERE NAp = 1 AND Concepto LIKE 'H%') WHERE P <> Antes"),
-              10);
+              1);
 }
 
 } // namespace

@@ -69,10 +69,8 @@ TEST_F(MantenimientoCli, EliminarYRenumerar) {
     EXPECT_TRUE(r.error.contains("Proceso finalizado."));
     {
         Conexion c = e.datos();
-        EXPECT_EQ(c.escalar("SELECT group_concat(NAs || Fecha) FROM (SELECT DISTINCT NAs, Fecha "
-                            "FROM Diario ORDER BY NAs)")
-                      .toString(),
-                  "12024-03-05,22024-03-09");
+        EXPECT_EQ(Filas(c, "SELECT DISTINCT NAs, Fecha FROM Diario ORDER BY NAs"),
+                  QStringList({"1|2024-03-05", "2|2024-03-09"}));
     }
     r = cli({"renumerar", "--asiento", "2", "--a", "40", "--si"});
     ASSERT_EQ(r.codigo, 0) << r.error.toStdString();

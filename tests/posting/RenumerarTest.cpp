@@ -30,18 +30,12 @@ protected:
         EscribirAsiento(c, e.sesion, fecha, l, o);
     }
 
-    // "NAs:Fecha:total debit" per entry, in number order.
+    // "NAs:MM-DD:total debit" per entry, in number order.
     QStringList asientos() {
         Conexion c = e.datos();
-        QStringList r;
-        QSqlQuery q = c.ejecutar("SELECT NAs, MIN(Fecha), SUM(Debe), COUNT(*) FROM Diario "
-                                 "GROUP BY NAs ORDER BY NAs");
-        while (q.next())
-            r << QStringLiteral("%1:%2:%3")
-                     .arg(q.value(0).toLongLong())
-                     .arg(q.value(1).toString().mid(5))
-                     .arg(q.value(2).toDouble());
-        return r;
+        return Filas(c, "SELECT NAs || ':' || substr(MIN(Fecha), 6) || ':', SUM(Debe) FROM Diario "
+                        "GROUP BY NAs ORDER BY NAs")
+            .replaceInStrings(":|", ":");
     }
 
     // The books are true: Mayor equals the journal, and every VAT record has its line.
@@ -65,13 +59,9 @@ TEST_F(Renumerar, DiarioCompletoPorFechas) {
     asiento(8, QDate(2024, 3, 1), 80);
     asiento(9, QDate(2024, 3, 5), 90, true);
     Conexion c = e.datos();
-    const QString naps = c.escalar("SELECT group_concat(NAp, '') FROM (SELECT NAp FROM Diario "
-                                   "ORDER BY Debe, Haber, NAp)")
-                             .toString();
-    const QString iva =
-        c.escalar("SELECT group_concat(NFactura || Fecha) FROM (SELECT * FROM DatosIVA "
-                  "ORDER BY NFactura)")
-            .toString();
+    const QString sqlNaps = "SELECT NAp FROM Diario ORDER BY Debe, Haber, NAp";
+    const QString sqlIva = "SELECT NFactura, Fecha FROM DatosIVA ORDER BY NFactura";
+    const QStringList naps = Filas(c, sqlNaps), iva = Filas(c, sqlIva);
     QList<std::pair<qint64, qint64>> avance;
     const ResultadoRenumerar r =
         RenumerarDiarioCompleto(e.sesion, e.dialogo, [&](qint64 hecho, qint64 total) {
@@ -83,15 +73,8 @@ TEST_F(Renumerar, DiarioCompletoPorFechas) {
     EXPECT_EQ(avance.last().first, avance.last().second) << "the progress reaches its end";
     EXPECT_EQ(asientos(), QStringList({"1:03-01:80", "2:03-05:111", "3:03-10:51"}));
     EXPECT_EQ(e.sesion.UltimoAsiento, 3.0f);
-    EXPECT_EQ(c.escalar("SELECT group_concat(NAp, '') FROM (SELECT NAp FROM Diario "
-                        "ORDER BY Debe, Haber, NAp)")
-                  .toString(),
-              naps)
-        << "line numbers untouched";
-    EXPECT_EQ(c.escalar("SELECT group_concat(NFactura || Fecha) FROM (SELECT * FROM DatosIVA "
-                        "ORDER BY NFactura)")
-                  .toString(),
-              iva);
+    EXPECT_EQ(Filas(c, sqlNaps), naps) << "line numbers untouched";
+    EXPECT_EQ(Filas(c, sqlIva), iva);
     librosCiertos();
     // Done again, nothing moves.
     RenumerarDiario(c, e.sesion);

@@ -3,7 +3,7 @@
 // sums of the subaccount rows only, carried sums from the second page and the foot's totals.
 
 #include "reports/ImpresionSumasSaldos.h"
-#include "Entorno.h"
+#include "ComunLibros.h"
 #include "platform/ImpresoraGrabadora.h"
 #include "platform/Rejilla.h"
 #include "reports/SumasSaldos.h"
@@ -11,19 +11,9 @@
 
 #include <gtest/gtest.h>
 
+using namespace cuentas;
+
 namespace {
-
-const QString Caja = "157000001", Banco = "157200003", Clientes = "443000022", Ventas = "370000066";
-
-OpcionesLibro Opciones(double margen = 567) {
-    OpcionesLibro op;
-    op.cancelado = false;
-    op.margen = margen;
-    op.fuente = QStringLiteral("Arial Narrow");
-    op.tamano = 9;
-    op.fechaTrabajo = QDate(2025, 1, 15);
-    return op;
-}
 
 Rejilla Llena(Entorno& e) {
     Rejilla r = RejillaSyS();
@@ -32,28 +22,11 @@ Rejilla Llena(Entorno& e) {
     return r;
 }
 
-QString Std(double v) {
-    return Formato(v, QStringLiteral("standard"));
-}
-
-// The texts written on the line of a write.
-QStringList Linea(const ImpresoraGrabadora& imp, const Trazo* t) {
-    QStringList r;
-    for (const Trazo& o : imp.textos())
-        if (o.documento == t->documento && o.pagina == t->pagina && o.y == t->y)
-            r << o.texto;
-    return r;
-}
-
 const Trazo* EnPagina(const ImpresoraGrabadora& imp, const QString& texto, int pagina) {
     for (const Trazo& t : imp.trazos())
         if (t.tipo == Trazo::Texto && t.texto == texto && t.pagina == pagina)
             return &t;
     return nullptr;
-}
-
-double Derecha(const Trazo* t) {
-    return t->x + t->ancho;
 }
 
 // n pairs of subaccounts of customers (430) and suppliers (400), one entry each, amounts 1..n.

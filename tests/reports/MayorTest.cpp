@@ -4,7 +4,7 @@
 // surface (the foot of the movements, the ledger's page number and its new pages).
 
 #include "reports/Mayor.h"
-#include "Entorno.h"
+#include "ComunLibros.h"
 #include "platform/ImpresoraGrabadora.h"
 #include "platform/Rejilla.h"
 #include "reports/ImpresionMayor.h"
@@ -14,10 +14,9 @@
 
 #include <gtest/gtest.h>
 
-namespace {
+using namespace cuentas;
 
-const QString Caja = "157000001", Banco = "157200003", Ventas = "370000066", Compras = "660000044",
-              Proveedor = "240000009";
+namespace {
 
 Apunte ConSector(Apunte a, const QString& sector) {
     a.Sector = sector;
@@ -58,6 +57,11 @@ struct Libro : Entorno {
     }
 };
 
+// Debit, credit and balance of a PERIODO or ACUMULADO line.
+template <class Suma> std::tuple<double, double, double> Cifras(const Suma& s) {
+    return {s.debe, s.haber, s.saldo};
+}
+
 QStringList Celdas(const Rejilla& r, int c) {
     QStringList l;
     for (int f = 0; f < r.Filas(); ++f)
@@ -85,9 +89,8 @@ TEST(Movimientos, ReglasDeSeleccionEnSuOrden) {
     c.sector = "Tienda";
     const auto sel = ValidarSeleccionMovimientos(c, e.sesion, e.dialogo);
     ASSERT_TRUE(sel);
-    EXPECT_EQ(sel->ncuenta, Banco);
-    EXPECT_EQ(sel->nombre, "Banco");
-    EXPECT_EQ(sel->sector, "Tienda");
+    EXPECT_EQ(QStringList({sel->ncuenta, sel->nombre, sel->sector}),
+              QStringList({Banco, "Banco", "Tienda"}));
 }
 
 TEST(Movimientos, OrdenNumericoSaldoPorNaturalezaYSoloPeriodo) {
@@ -100,9 +103,7 @@ TEST(Movimientos, OrdenNumericoSaldoPorNaturalezaYSoloPeriodo) {
     EXPECT_EQ(r.Fila(8), QStringList({"9", "01/05/2024", "Venta 9", "9,00", "0,00", "192,00"}));
     EXPECT_EQ(r.Fila(11), QStringList({"12", "02/06/2024", "Compra", "0,00", "30,00", "1.172,00"}));
     EXPECT_FALSE(t.conAcumulado);
-    EXPECT_DOUBLE_EQ(t.periodo.debe, 1202);
-    EXPECT_DOUBLE_EQ(t.periodo.haber, 30);
-    EXPECT_DOUBLE_EQ(t.periodo.saldo, 1172);
+    EXPECT_EQ(Cifras(t.periodo), std::tuple(1202.0, 30.0, 1172.0));
 
     // Credit nature: Ventas grows with its credits; a debit-heavy credit subaccount goes
     // negative.
@@ -125,12 +126,9 @@ TEST(Movimientos, SaldoInicialConYSinSectorYLineasPeriodoAcumulado) {
               QStringList({"", "01/03/2024", "Saldo Inicial", "150,00", "0,00", "150,00"}));
     EXPECT_EQ(r.Celda(1, ColMovSaldo), "153,00");
     EXPECT_TRUE(t.conAcumulado);
-    EXPECT_DOUBLE_EQ(t.periodo.debe, 1052);
-    EXPECT_DOUBLE_EQ(t.periodo.haber, 30);
-    EXPECT_DOUBLE_EQ(t.periodo.saldo, 1022); // last balance less the initial row's
-    EXPECT_DOUBLE_EQ(t.acumulado.debe, 1202);
-    EXPECT_DOUBLE_EQ(t.acumulado.haber, 30);
-    EXPECT_DOUBLE_EQ(t.acumulado.saldo, 1172);
+    // The period's balance is the last balance less the initial row's.
+    EXPECT_EQ(Cifras(t.periodo), std::tuple(1052.0, 30.0, 1022.0));
+    EXPECT_EQ(Cifras(t.acumulado), std::tuple(1202.0, 30.0, 1172.0));
 
     // The sector filters the period's lines only: the initial row still holds entry 2 and the
     // balance mixes both views.
@@ -268,10 +266,7 @@ TEST(ImpresionMayor, PieDeMovimientosConPeriodoYAcumulado) {
     Rejilla r = RejillaMovimientos();
     const TotalesMovimientos t = e.movimientos(Caja, QDate(2024, 3, 1), QDate(2024, 12, 31), r);
     SeleccionMovimientos sel{QDate(2024, 3, 1), QDate(2024, 12, 31), Caja, "Caja", {}};
-    OpcionesLibro op;
-    op.cancelado = false;
-    op.margen = 567;
-    op.fechaTrabajo = QDate(2025, 1, 15);
+    const OpcionesLibro op = Opciones();
     ImpresoraGrabadora imp;
     DibujarMovimientos(imp, r, t, sel, op);
     const double H = imp.AltoPagina(), W = imp.AnchoPagina();

@@ -18,6 +18,12 @@ OpcionesLibro Aceptar(Entorno& e, FormOpciones form, CajasOpciones cajas,
     return op;
 }
 
+// The margin, font and size stored for a group, as texts.
+QStringList Guardadas(Entorno& e, const QString& grupo) {
+    return {e.ajustes->leer(V, "Izq" + grupo), e.ajustes->leer(V, "NFuent" + grupo),
+            e.ajustes->leer(V, "TFuent" + grupo)};
+}
+
 CajasOpciones Vacias() {
     CajasOpciones c;
     c.fechaTrabajo = QDate(2024, 3, 1);
@@ -31,18 +37,17 @@ TEST(OpcionesLibro, AjustesPorDefectoDeCadaGrupo) {
     for (const char* grupo :
          {"Diario", "SyS", "Mayor", "Anuales", "Libros", "Venc", "Invent", "CDia", "Predi"}) {
         const AjustesGrupo g = LeerAjustesGrupo(*e.ajustes, QLatin1String(grupo));
-        EXPECT_EQ(g.margen, "10") << grupo;
-        EXPECT_EQ(g.fuente, "Arial Narrow") << grupo;
-        EXPECT_EQ(g.tamano, "9") << grupo;
+        EXPECT_EQ(QStringList({g.margen, g.fuente, g.tamano}),
+                  QStringList({"10", "Arial Narrow", "9"}))
+            << grupo;
     }
     e.ajustes->escribir(V, "IzqSyS", "25");
     e.ajustes->escribir(V, "NFuentSyS", "Courier New");
     e.ajustes->escribir(V, "TFuentSyS", "11");
     const CajasOpciones c =
         CajasIniciales(ConfigFormOpciones(FormOpciones::Form79), *e.ajustes, QDate(2024, 5, 6));
-    EXPECT_EQ(c.margen, "25");
-    EXPECT_EQ(c.fuente, "Courier New");
-    EXPECT_EQ(c.tamano, "11");
+    EXPECT_EQ(QStringList({c.margen, c.fuente, c.tamano}),
+              QStringList({"25", "Courier New", "11"}));
     EXPECT_EQ(c.fechaTrabajo, QDate(2024, 5, 6));
     EXPECT_TRUE(c.paginaInicial.isEmpty());
 }
@@ -63,11 +68,8 @@ TEST(OpcionesLibro, CajasLlenasSeUsanYSeGuardan) {
     EXPECT_EQ(op.tamano, 11);
     EXPECT_EQ(op.paginaInicial, 7);
     EXPECT_EQ(op.fechaTrabajo, QDate(2024, 3, 1));
-    EXPECT_TRUE(op.borrador);
-    EXPECT_TRUE(op.conDocumento);
-    EXPECT_EQ(e.ajustes->leer(V, "IzqDiario"), "20");
-    EXPECT_EQ(e.ajustes->leer(V, "NFuentDiario"), "Arial");
-    EXPECT_EQ(e.ajustes->leer(V, "TFuentDiario"), "11");
+    EXPECT_TRUE(op.borrador && op.conDocumento);
+    EXPECT_EQ(Guardadas(e, "Diario"), QStringList({"20", "Arial", "11"}));
     // Millimetres are truncated to whole twips.
     EXPECT_DOUBLE_EQ(MilimetrosATwips(10), 567);
     EXPECT_DOUBLE_EQ(MilimetrosATwips(3), 170);
@@ -93,17 +95,13 @@ TEST(OpcionesLibro, CajasVaciasYLaAsimetriaDeLaFuenteGuardada) {
         EXPECT_EQ(op.fuente, "Courier New") << caso.grupo;
         EXPECT_EQ(op.tamano, 9) << caso.grupo;
         EXPECT_EQ(op.paginaInicial, 0) << caso.grupo;
-        EXPECT_EQ(e.ajustes->leer(V, "TFuent" + g), "9") << caso.grupo;
-        // ... but the font stored depends on the form.
-        EXPECT_EQ(e.ajustes->leer(V, "NFuent" + g), QLatin1String(caso.guardada)) << caso.grupo;
-        if (caso.form == FormOpciones::FORM52) {
-            // The only form with a floor: an empty or small margin becomes 10 mm.
-            EXPECT_DOUBLE_EQ(op.margen, 567);
-            EXPECT_EQ(e.ajustes->leer(V, "IzqLibros"), "10");
-        } else {
-            EXPECT_DOUBLE_EQ(op.margen, 0) << caso.grupo;
-            EXPECT_EQ(e.ajustes->leer(V, "Izq" + g), "0") << caso.grupo;
-        }
+        // ... but the font stored depends on the form. FORM52 is the only form with a floor: an
+        // empty or small margin becomes 10 mm.
+        const bool suelo = caso.form == FormOpciones::FORM52;
+        EXPECT_DOUBLE_EQ(op.margen, suelo ? 567 : 0) << caso.grupo;
+        EXPECT_EQ(Guardadas(e, g),
+                  QStringList({suelo ? "10" : "0", QLatin1String(caso.guardada), "9"}))
+            << caso.grupo;
     }
     // FORM90 keeps each caller's group.
     Entorno e;
@@ -126,16 +124,14 @@ TEST(OpcionesLibro, AnualesSeLeenDeQuilmarProYSeEscribenEnQuilmarEmp) {
     ASSERT_EQ(AceptarOpciones(config, c, *e.ajustes, op), ResultadoOpciones::Aceptado);
     // Used for this run...
     EXPECT_DOUBLE_EQ(op.margen, 1701);
-    EXPECT_EQ(op.fuente, "Arial");
-    EXPECT_EQ(op.tamano, 12);
+    EXPECT_EQ(QStringList({op.fuente, QString::number(op.tamano)}), QStringList({"Arial", "12"}));
     // ... written where it is never read, so the next opening shows the defaults again.
     EXPECT_EQ(e.ajustes->leerEmp(V, "IzqAnuales", ""), "30");
     EXPECT_EQ(e.ajustes->leerEmp(V, "NFuentAnuales", ""), "Arial");
     EXPECT_FALSE(e.ajustes->existe(V, "IzqAnuales"));
     const CajasOpciones otra = CajasIniciales(config, *e.ajustes);
-    EXPECT_EQ(otra.margen, "10");
-    EXPECT_EQ(otra.fuente, "Arial Narrow");
-    EXPECT_EQ(otra.tamano, "9");
+    EXPECT_EQ(QStringList({otra.margen, otra.fuente, otra.tamano}),
+              QStringList({"10", "Arial Narrow", "9"}));
     // What stands under QuilmarPro is what it shows.
     e.ajustes->escribir(V, "IzqAnuales", "15");
     EXPECT_EQ(CajasIniciales(config, *e.ajustes).margen, "15");
@@ -174,11 +170,9 @@ TEST(OpcionesLibro, SumasInicialesDelDiario) {
     c.sumaDebe = "1234,56";
     c.sumaHaber = "1000";
     OpcionesLibro op = Aceptar(e, FormOpciones::Form77, c);
-    EXPECT_DOUBLE_EQ(op.sumaDebe, 1234.56);
-    EXPECT_DOUBLE_EQ(op.sumaHaber, 1000);
+    EXPECT_EQ(std::pair(op.sumaDebe, op.sumaHaber), std::pair(1234.56, 1000.0));
     op = Aceptar(e, FormOpciones::Form77, Vacias());
-    EXPECT_DOUBLE_EQ(op.sumaDebe, 0);
-    EXPECT_DOUBLE_EQ(op.sumaHaber, 0);
+    EXPECT_EQ(std::pair(op.sumaDebe, op.sumaHaber), std::pair(0.0, 0.0));
 
     // One without the other: refused before anything is stored; the run stays cancelled.
     for (const auto& [debe, haber] : {std::pair{"100", ""}, {"", "0"}}) {

@@ -2,7 +2,7 @@
 // pictures, presses and movements on the lists, drags over pictures, arrows and rows, keys; and
 // the entries that come out of it in Diario and Mayor.
 
-#include "Entorno.h"
+#include "../ComunAsientos.h"
 #include "forms/Pantallas.h"
 #include "posting/ImagenesTablero.h"
 #include "posting/forms/Form1.h"
@@ -177,6 +177,18 @@ protected:
         empezarArrastre(1, "Banco");
     }
     QString celda(int fila, int col) const { return t->form4()->Logica().Rejilla.celda(fila, col); }
+    // The subaccount names of the open entry's lines.
+    QStringList lineas() const {
+        QStringList r;
+        for (int f = 1; f <= t->form4()->Logica().Rejilla.ultima(); ++f)
+            r << celda(f, ColF4::Cuenta);
+        return r;
+    }
+    // Number, names and balances over the posting screen's lines.
+    static QStringList etiquetas(Form4* f4) {
+        return {f4->LabelNumero->text(), f4->LabelNombre1->text(), f4->LabelNombre2->text(),
+                f4->LabelSaldo1->text(), f4->LabelSaldo2->text()};
+    }
 
     Entorno e;
     std::unique_ptr<Form1> f;
@@ -193,9 +205,10 @@ TEST_F(Tablero, AreasConSusImagenesEtiquetasYListasOcultas) {
         EXPECT_GT(ar->MSFlexGrid1->rowCount(), 0) << a;
         EXPECT_TRUE(ar->MSFlexGrid1->isColumnHidden(1)) << "the code column is hidden";
     }
-    EXPECT_EQ(t->area(0)->Picture1->etiqueta()->text(), "(0) - Capital");
-    EXPECT_EQ(t->area(1)->Picture1->etiqueta()->text(), "(1) - Cuentas y Efectivo");
-    EXPECT_EQ(t->area(6)->Picture1->etiqueta()->text(), "(6) - Gastos/Pérdidas");
+    EXPECT_EQ(QStringList({t->area(0)->Picture1->etiqueta()->text(),
+                           t->area(1)->Picture1->etiqueta()->text(),
+                           t->area(6)->Picture1->etiqueta()->text()}),
+              QStringList({"(0) - Capital", "(1) - Cuentas y Efectivo", "(6) - Gastos/Pérdidas"}));
     // The pictures are the installed defaults.
     EXPECT_TRUE(QFileInfo::exists(e.ruta("Imagenes/gasolinera2.jpg")));
     EXPECT_EQ(t->area(6)->Picture1->imagen().size(),
@@ -268,14 +281,10 @@ TEST_F(Tablero, BancoSobreGastoSegundoGastoYContabilizar) {
     Form4* f4 = t->form4();
     ASSERT_NE(f4, nullptr);
     EXPECT_TRUE(f4->isVisible());
-    EXPECT_EQ(celda(1, ColF4::Cuenta), "Teléfono e Internet");
+    EXPECT_EQ(lineas(), QStringList({"Teléfono e Internet", "Banco"}));
     EXPECT_EQ(celda(1, ColF4::NCuenta), "662800054");
-    EXPECT_EQ(celda(2, ColF4::Cuenta), "Banco");
     EXPECT_EQ(f4->Logica().Estado.Modo, "DOS");
-    EXPECT_EQ(f4->LabelNumero->text(), "1");
-    EXPECT_EQ(f4->LabelNombre1->text(), "Teléfono e Internet");
-    EXPECT_EQ(f4->LabelNombre2->text(), "Banco");
-    EXPECT_EQ(f4->LabelSaldo2->text(), "0,00");
+    EXPECT_EQ(etiquetas(f4), QStringList({"1", "Teléfono e Internet", "Banco", "0,00", "0,00"}));
     EXPECT_FALSE(t->area(1)->listaVisible()) << "the lists of both areas hide";
     EXPECT_FALSE(t->area(6)->listaVisible());
     EXPECT_TRUE(t->estado().Armado);
@@ -288,12 +297,10 @@ TEST_F(Tablero, BancoSobreGastoSegundoGastoYContabilizar) {
     Arrastre arr2(t);
     bancoSobre("Electricidad", arr2);
     ASSERT_EQ(t->form4(), f4);
-    ASSERT_EQ(f4->Logica().Rejilla.ultima(), 3);
-    EXPECT_EQ(celda(3, ColF4::Cuenta), "Electricidad");
+    ASSERT_EQ(lineas(), QStringList({"Teléfono e Internet", "Banco", "Electricidad"}));
     EXPECT_EQ(celda(3, ColF4::Concepto), "Teléfono y luz de marzo");
     EXPECT_EQ(f4->Logica().Estado.Modo, "D");
-    EXPECT_EQ(f4->LabelNombre1->text(), "Banco");
-    EXPECT_EQ(f4->LabelNombre2->text(), "Electricidad");
+    EXPECT_EQ(etiquetas(f4).mid(1, 2), QStringList({"Banco", "Electricidad"}));
     f4->TDBN1->setText("40");
     ASSERT_EQ(f4->Aceptar().tipo, ResultadoAceptar::Tipo::Relleno);
     EXPECT_EQ(celda(2, ColF4::Haber), "100,00") << "the bank's credit grows";
@@ -308,27 +315,13 @@ TEST_F(Tablero, BancoSobreGastoSegundoGastoYContabilizar) {
     EXPECT_TRUE(posteado.isNull()) << "the posting screen closed";
 
     Conexion c = e.datos();
-    QSqlQuery q = c.ejecutar("SELECT NAp, NCuenta, Debe, Haber, Concepto FROM Diario WHERE NAs = "
-                             "1 ORDER BY NAp");
-    QStringList lineas;
-    while (q.next())
-        lineas << QString("%1 %2 %3 %4 %5")
-                      .arg(q.value(0).toInt())
-                      .arg(q.value(1).toString())
-                      .arg(q.value(2).toDouble())
-                      .arg(q.value(3).toDouble())
-                      .arg(q.value(4).toString());
-    EXPECT_EQ(lineas, QStringList({"1 662800054 60 0 Teléfono y luz de marzo",
-                                   "2 662800053 40 0 Teléfono y luz de marzo",
-                                   "3 157200003 0 100 Teléfono y luz de marzo"}));
-    auto mayor = [&](const QString& cuenta) {
-        QSqlQuery m = c.ejecutar("SELECT SaldoD, SaldoH FROM Mayor WHERE NCuenta = ?", {cuenta});
-        return m.next() ? QString("%1/%2").arg(m.value(0).toDouble()).arg(m.value(1).toDouble())
-                        : QString("sin fila");
-    };
-    EXPECT_EQ(mayor("662800054"), "60/0");
-    EXPECT_EQ(mayor("662800053"), "40/0");
-    EXPECT_EQ(mayor("157200003"), "0/100");
+    EXPECT_EQ(Filas(c, "SELECT NAp, NCuenta, Debe, Haber, Concepto FROM Diario ORDER BY NAp"),
+              QStringList({"1|662800054|60|0|Teléfono y luz de marzo",
+                           "2|662800053|40|0|Teléfono y luz de marzo",
+                           "3|157200003|0|100|Teléfono y luz de marzo"}));
+    EXPECT_EQ(Filas(c, "SELECT NCuenta, SaldoD, SaldoH FROM Mayor WHERE SaldoD + SaldoH <> 0 "
+                       "ORDER BY NCuenta"),
+              QStringList({"157200003|0|100", "662800053|40|0", "662800054|60|0"}));
     EXPECT_EQ(f->estadoTablero().CuentaDinero, "157200003");
 
     // Now a click on another expense makes the next entry against the bank, with its balance.
@@ -336,11 +329,9 @@ TEST_F(Tablero, BancoSobreGastoSegundoGastoYContabilizar) {
     clicEnFila(6, "Electricidad");
     Form4* otro = t->form4();
     ASSERT_NE(otro, nullptr);
-    EXPECT_EQ(otro->Logica().Rejilla.celda(1, ColF4::Cuenta), "Electricidad");
-    EXPECT_EQ(otro->Logica().Rejilla.celda(2, ColF4::Cuenta), "Banco");
-    EXPECT_EQ(otro->LabelNumero->text(), "2");
-    EXPECT_EQ(otro->LabelSaldo1->text(), "40,00") << "expense: debit nature";
-    EXPECT_EQ(otro->LabelSaldo2->text(), "-100,00") << "bank: debit nature";
+    EXPECT_EQ(lineas(), QStringList({"Electricidad", "Banco"}));
+    // Both of debit nature: the expense's 40 and the bank's -100.
+    EXPECT_EQ(etiquetas(otro), QStringList({"2", "Electricidad", "Banco", "40,00", "-100,00"}));
 }
 
 TEST_F(Tablero, SoltarSobreUnaImagenCancelaYLasFlechasSiguenAlPuntero) {
@@ -392,8 +383,8 @@ TEST_F(Tablero, IngresoAlBancoYDespuesUnClicEnElIngresoConSuAviso) {
     empezarArrastre(3, "Ventas de mercaderías");
     Form4* f4 = t->form4();
     ASSERT_NE(f4, nullptr);
-    EXPECT_EQ(celda(1, ColF4::Cuenta), "Banco") << "bank debited";
-    EXPECT_EQ(celda(2, ColF4::Cuenta), "Ventas de mercaderías") << "income credited";
+    EXPECT_EQ(lineas(), QStringList({"Banco", "Ventas de mercaderías"}))
+        << "bank debited, income credited";
     f4->Combo1->setEditText("Venta");
     f4->TDBN1->setText("250");
     ASSERT_EQ(f4->Aceptar().tipo, ResultadoAceptar::Tipo::Relleno);
@@ -426,10 +417,9 @@ TEST_F(Tablero, IngresoAlBancoYDespuesUnClicEnElIngresoConSuAviso) {
     clicEnImagen(3);
     clicEnFila(3, "Ventas de mercaderías");
     ASSERT_NE(t->form4(), nullptr);
-    EXPECT_EQ(celda(1, ColF4::Cuenta), "Banco");
-    EXPECT_EQ(celda(2, ColF4::Cuenta), "Ventas de mercaderías");
-    EXPECT_EQ(t->form4()->LabelSaldo1->text(), "250,00");
-    EXPECT_EQ(t->form4()->LabelSaldo2->text(), "250,00") << "income: credit nature";
+    EXPECT_EQ(lineas(), QStringList({"Banco", "Ventas de mercaderías"}));
+    EXPECT_EQ(etiquetas(t->form4()).mid(3), QStringList({"250,00", "250,00"}))
+        << "income: credit nature";
 }
 
 TEST_F(Tablero, OtroEjercicioCierraElAsientoEmpezado) {
@@ -480,8 +470,7 @@ TEST_F(Tablero, ConElTeclado) {
     const QString elegida = lista(6)->actual().Nombre;
     QTest::keyClick(lista(6), Qt::Key_Return);
     ASSERT_NE(t->form4(), nullptr);
-    EXPECT_EQ(celda(1, ColF4::Cuenta), elegida);
-    EXPECT_EQ(celda(2, ColF4::Cuenta), "Banco");
+    EXPECT_EQ(lineas(), QStringList({elegida, "Banco"}));
     EXPECT_FALSE(t->Text1->isVisible());
     EXPECT_TRUE(f->statusBar()->currentMessage().startsWith("Pulse sobre una imagen"))
         << "back to the board's hint";
