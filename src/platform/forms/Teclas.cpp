@@ -1,6 +1,8 @@
 #include "platform/forms/Teclas.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
+#include <QRegularExpressionValidator>
 
 bool EsIntro(const QKeyEvent* k) {
     return k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter;
@@ -25,4 +27,19 @@ bool EsTeclaDeEdicion(const QKeyEvent* k) {
     default:
         return k->text().isEmpty() || (k->modifiers() & Qt::ControlModifier);
     }
+}
+
+void SoloCifras(QLineEdit* campo, int cifras) {
+    campo->setValidator(new QRegularExpressionValidator(
+        QRegularExpression(QStringLiteral("\\d{0,%1}").arg(cifras)), campo));
+}
+
+QLineEdit* CampoNumero(QWidget* padre, const QString& nombre, int cifras, int ancho) {
+    auto* t = new QLineEdit(padre);
+    t->setObjectName(nombre);
+    t->setAlignment(Qt::AlignRight);
+    SoloCifras(t, cifras);
+    if (ancho > 0)
+        t->setMaximumWidth(ancho);
+    return t;
 }

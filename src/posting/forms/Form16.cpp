@@ -2,6 +2,7 @@
 
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
 #include "posting/Renumerar.h"
 
@@ -13,22 +14,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
-
-namespace {
-
-QLineEdit* campoNumero(QWidget* padre, const QString& nombre) {
-    auto* t = new QLineEdit(padre);
-    t->setObjectName(nombre);
-    t->setAlignment(Qt::AlignRight);
-    t->setMaximumWidth(110);
-    t->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d{0,9}")), t));
-    return t;
-}
-
-} // namespace
 
 Form16::Form16(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padre), s_(s), d_(d) {
     setObjectName(QStringLiteral("Form16"));
@@ -38,8 +24,8 @@ Form16::Form16(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     Option1->setObjectName(QStringLiteral("Option1"));
     Option2 = new QRadioButton(QStringLiteral("Renumerar un asiento"), this);
     Option2->setObjectName(QStringLiteral("Option2"));
-    Text1 = campoNumero(this, QStringLiteral("Text1"));
-    Text2 = campoNumero(this, QStringLiteral("Text2"));
+    Text1 = CampoNumero(this, QStringLiteral("Text1"), 9, 110);
+    Text2 = CampoNumero(this, QStringLiteral("Text2"), 9, 110);
     Barra = new QProgressBar(this);
     Barra->setObjectName(QStringLiteral("Barra"));
     Barra->setVisible(false);

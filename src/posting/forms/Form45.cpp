@@ -1,6 +1,7 @@
 #include "posting/forms/Form45.h"
 
 #include "platform/Dialogo.h"
+#include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
 
 #include <QGridLayout>
@@ -9,23 +10,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
-
-namespace {
-
-// Fields of entry numbers take digits only.
-QLineEdit* campoNumero(QWidget* padre, const QString& nombre) {
-    auto* t = new QLineEdit(padre);
-    t->setObjectName(nombre);
-    t->setAlignment(Qt::AlignRight);
-    t->setMaximumWidth(110);
-    t->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d{0,9}")), t));
-    return t;
-}
-
-} // namespace
 
 Form45::Form45(Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padre), d_(d) {
     setObjectName(QStringLiteral("Form45"));
@@ -35,9 +20,9 @@ Form45::Form45(Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padre), d_(d) {
     Option1->setObjectName(QStringLiteral("Option1"));
     Option2 = new QRadioButton(QStringLiteral("Varios Asientos"), this);
     Option2->setObjectName(QStringLiteral("Option2"));
-    Text1 = campoNumero(this, QStringLiteral("Text1"));
-    Text2 = campoNumero(this, QStringLiteral("Text2"));
-    Text3 = campoNumero(this, QStringLiteral("Text3"));
+    Text1 = CampoNumero(this, QStringLiteral("Text1"), 9, 110);
+    Text2 = CampoNumero(this, QStringLiteral("Text2"), 9, 110);
+    Text3 = CampoNumero(this, QStringLiteral("Text3"), 9, 110);
     Command1 = new QPushButton(QStringLiteral("&Aceptar"), this);
     Command1->setObjectName(QStringLiteral("Command1"));
     Command1->setDefault(true);

@@ -2,6 +2,7 @@
 
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
 #include "store/Empresas.h"
 #include "store/ListasEmpresas.h"
@@ -20,7 +21,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
 namespace {
@@ -46,8 +46,7 @@ Form17::Form17(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     setWindowTitle(QStringLiteral("Quilmar [Datos Empresa]"));
 
     Text1 = campo(QStringLiteral("Text1"), 3);
-    Text1->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d{0,3}")), Text1));
+    SoloCifras(Text1, 3);
     Text1->setMaximumWidth(60);
     Text2 = campo(QStringLiteral("Text2"), 30);
     Text3 = campo(QStringLiteral("Text3"), 15);
@@ -56,8 +55,7 @@ Form17::Form17(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Text5->setMaximumWidth(80);
     Text6 = campo(QStringLiteral("Text6"), 30);
     Text7 = campo(QStringLiteral("Text7"), 5);
-    Text7->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d{0,5}")), Text7));
+    SoloCifras(Text7, 5);
     Text7->setMaximumWidth(80);
     Combo2 = new QComboBox;
     Combo2->setObjectName(QStringLiteral("Combo2"));

@@ -2,6 +2,7 @@
 
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
 #include "store/Ejercicios.h"
 #include "store/Sesion.h"
@@ -15,7 +16,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
 Form22::GanchoCierre& Form22::CierreEjercicio() {
@@ -40,8 +40,7 @@ Form22::Form22(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Text1 = new QLineEdit;
     Text1->setObjectName(QStringLiteral("Text1"));
     Text1->setMaxLength(4);
-    Text1->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d{0,4}")), Text1));
+    SoloCifras(Text1, 4);
     Text1->setMaximumWidth(80);
     Combo1 = new QComboBox;
     Combo1->setObjectName(QStringLiteral("Combo1"));
