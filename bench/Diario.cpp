@@ -5,12 +5,12 @@
 // Run: cmake -DQUILMAR_BENCH=ON ... && ./build/bench_Diario
 
 #include "reports/Diario.h"
+#include "journal/Escritor.h"
 #include "platform/Ajustes.h"
 #include "platform/Almacen.h"
 #include "platform/ImpresoraPintor.h"
 #include "platform/Rejilla.h"
 #include "platform/forms/TablaRejilla.h"
-#include "posting/Escritor.h"
 #include "reports/ImpresionDiario.h"
 #include "store/Conexiones.h"
 #include "store/Empresas.h"

@@ -2,8 +2,8 @@
 // does: one connection, one transaction.
 
 #include "Empresa.h"
+#include "journal/Escritor.h"
 #include "platform/Almacen.h"
-#include "posting/Escritor.h"
 #include "posting/Importar.h"
 #include "store/Conexiones.h"
 

@@ -5,8 +5,8 @@
 // Run: cmake -DQUILMAR_BENCH=ON ... && ./build/bench_Mayor [path of quilmar-cli]
 
 #include "Empresa.h"
+#include "journal/Escritor.h"
 #include "platform/Almacen.h"
-#include "posting/Escritor.h"
 #include "store/Conexiones.h"
 
 #include <QCoreApplication>

@@ -2,8 +2,8 @@
 // the journal writer, each in its own transaction.
 
 #include "Empresa.h"
+#include "journal/Escritor.h"
 #include "platform/Almacen.h"
-#include "posting/Escritor.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 

@@ -2,8 +2,8 @@
 // with a VAT record) whose numbers don't follow the dates, in one transaction.
 
 #include "Empresa.h"
+#include "journal/Escritor.h"
 #include "platform/Almacen.h"
-#include "posting/Escritor.h"
 #include "posting/Renumerar.h"
 #include "store/Conexiones.h"
 #include "store/Rutinas.h"

@@ -6,9 +6,9 @@
 
 #include "reports/SumasSaldos.h"
 #include "Empresa.h"
+#include "journal/Escritor.h"
 #include "platform/Almacen.h"
 #include "platform/Rejilla.h"
-#include "posting/Escritor.h"
 #include "store/Conexiones.h"
 #include "store/Rutinas.h"
 

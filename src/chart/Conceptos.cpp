@@ -1,6 +1,6 @@
 #include "chart/Conceptos.h"
 
-#include "chart/EjercicioAbierto.h"
+#include "journal/EjercicioAbierto.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
 #include "store/Conexiones.h"

@@ -1,8 +1,8 @@
 #include "chart/PlanCuentas.h"
 
 #include "chart/Aparcar.h"
-#include "chart/EjercicioAbierto.h"
 #include "chart/NCuenta.h"
+#include "journal/EjercicioAbierto.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
 #include "platform/Ficheros.h"

@@ -1,9 +1,9 @@
 #include "chart/Sectores.h"
 
-#include "chart/EjercicioAbierto.h"
+#include "journal/EjercicioAbierto.h"
+#include "journal/Escritor.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
-#include "posting/Escritor.h"
 #include "store/Conexiones.h"
 #include "store/Sesion.h"
 

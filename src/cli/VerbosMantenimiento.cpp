@@ -1,9 +1,9 @@
 // Verbs of entry maintenance: showing an entry, deleting one or a range, renumbering.
 
 #include "cli/Cli.h"
+#include "journal/EliminarAsientos.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
-#include "posting/EliminarAsientos.h"
 #include "posting/GestionAsientos.h"
 #include "posting/Renumerar.h"
 #include "store/Formato.h"

@@ -1,7 +1,7 @@
 #include "posting/Arrastre.h"
 
 #include "chart/NCuenta.h"
-#include "posting/Escritor.h"
+#include "journal/Escritor.h"
 
 const QString MsgNoCompletado = QStringLiteral("No ha completado los dos primeros apuntes.");
 

@@ -1,8 +1,8 @@
 #include "posting/Contabilizar.h"
 
+#include "journal/Escritor.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
-#include "posting/Escritor.h"
 #include "posting/EstadoTablero.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"

@@ -1,8 +1,8 @@
 #include "posting/EmpresaDemo.h"
 
+#include "journal/Escritor.h"
 #include "platform/Ajustes.h"
 #include "platform/Almacen.h"
-#include "posting/Escritor.h"
 #include "store/CargarEmp.h"
 #include "store/Conexiones.h"
 #include "store/Empresas.h"

@@ -1,7 +1,7 @@
 #include "posting/GestionAsientos.h"
 
-#include "chart/EjercicioAbierto.h"
 #include "chart/VistaArea.h"
+#include "journal/EjercicioAbierto.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
 #include "store/Conexiones.h"

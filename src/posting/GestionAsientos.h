@@ -5,9 +5,9 @@
 // of the button (its three captions) runs here, with the VAT screen of the 472/477 lines through
 // the same capture as the posting screen.
 
+#include "journal/Escritor.h"
 #include "posting/CapturaIva.h"
 #include "posting/Contabilizar.h"
-#include "posting/Escritor.h"
 #include "posting/RejillaAsiento.h"
 #include "posting/TrabajoIva.h"
 

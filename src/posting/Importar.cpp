@@ -1,8 +1,8 @@
 #include "posting/Importar.h"
 
+#include "journal/Escritor.h"
 #include "platform/Almacen.h"
 #include "posting/Contabilizar.h"
-#include "posting/Escritor.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"

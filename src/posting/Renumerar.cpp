@@ -1,6 +1,6 @@
 #include "posting/Renumerar.h"
 
-#include "chart/EjercicioAbierto.h"
+#include "journal/EjercicioAbierto.h"
 #include "platform/Almacen.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"

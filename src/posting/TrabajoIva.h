@@ -3,7 +3,7 @@
 // by grid row from 1, shared by the posting screen and the entry maintenance screen. Base,
 // percentage, quota and withholding are held as 32-bit floats, as the VAT records keep them.
 
-#include "posting/Escritor.h"
+#include "journal/Escritor.h"
 
 #include <QList>
 #include <QString>

@@ -1,8 +1,8 @@
 #include "reports/Diario.h"
 
+#include "journal/Escritor.h"
 #include "platform/Almacen.h"
 #include "platform/Rejilla.h"
-#include "posting/Escritor.h"
 #include "reports/TextoLibro.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"

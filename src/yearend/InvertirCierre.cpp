@@ -1,7 +1,7 @@
 #include "yearend/InvertirCierre.h"
 
+#include "journal/Escritor.h"
 #include "platform/Almacen.h"
-#include "posting/Escritor.h"
 #include "store/Conexiones.h"
 #include "store/Sesion.h"
 

@@ -6,7 +6,7 @@
 #include "chart/Sectores.h"
 #include "chart/TiposIva.h"
 #include "chart/VistaArea.h"
-#include "posting/Escritor.h"
+#include "journal/Escritor.h"
 
 namespace {
 

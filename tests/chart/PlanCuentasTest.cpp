@@ -4,7 +4,7 @@
 #include "PlanPrueba.h"
 #include "chart/CliPro.h"
 #include "chart/NCuenta.h"
-#include "posting/Escritor.h"
+#include "journal/Escritor.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // quilmar-cli on the chart and the master tables, end to end on a fresh folder.
 
 #include "Entorno.h"
-#include "posting/Escritor.h"
+#include "journal/Escritor.h"
 
 #include <QDir>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 // listed, created and repaired.
 
 #include "Entorno.h"
-#include "posting/Escritor.h"
+#include "journal/Escritor.h"
 #include "store/ListasEmpresas.h"
 
 #include <QDate>
@@ -46,9 +46,9 @@ TEST(CliEmpresas, PrimerUsoInstalaLaEmpresaDePruebas) {
 
 TEST(CliEmpresas, CrearEmpresaYReparar) {
     QTemporaryDir dir;
-    ResultadoCli r = EjecutarCli(dir.path(), {"crear-empresa", "--codigo", "003", "--nombre",
-                                              "Taller O'Brien", "--fecha-inicio", "010708",
-                                              "--provincia", "Zaragoza"});
+    ResultadoCli r =
+        EjecutarCli(dir.path(), {"crear-empresa", "--codigo", "003", "--nombre", "Taller O'Brien",
+                                 "--fecha-inicio", "010708", "--provincia", "Zaragoza"});
     ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
     EXPECT_EQ(r.salida, "Emp003\tTaller O'Brien\t2008\n");
     r = EjecutarCli(dir.path(), {"crear-empresa", "--codigo", "004", "--nombre", "Copia", "--de",

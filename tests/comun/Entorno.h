@@ -3,10 +3,10 @@
 // scripted Dialogo, and helpers to make companies and post entries.
 
 #include "ImprimirQt.h"
+#include "journal/Escritor.h"
 #include "platform/Ajustes.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
-#include "posting/Escritor.h"
 #include "store/Sesion.h"
 
 #include <QTemporaryDir>

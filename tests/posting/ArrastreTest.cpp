@@ -3,7 +3,7 @@
 
 #include "posting/Arrastre.h"
 #include "chart/NCuenta.h"
-#include "posting/Escritor.h"
+#include "journal/Escritor.h"
 
 #include <QStringList>
 #include <gtest/gtest.h>

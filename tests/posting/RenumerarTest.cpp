@@ -3,7 +3,7 @@
 
 #include "posting/Renumerar.h"
 #include "ComunAsientos.h"
-#include "posting/EliminarAsientos.h"
+#include "journal/EliminarAsientos.h"
 #include "store/Conexiones.h"
 
 #include <gtest/gtest.h>

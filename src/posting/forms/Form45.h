@@ -2,7 +2,7 @@
 // "Quilmar [Eliminar]": the choice of the entries the menu deletes, one ("Un Asiento") or a range
 // ("Varios Asientos"). It only chooses; the menu asks and deletes.
 
-#include "posting/EliminarAsientos.h"
+#include "journal/EliminarAsientos.h"
 
 #include <QDialog>
 #include <optional>

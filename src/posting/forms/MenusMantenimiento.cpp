@@ -1,9 +1,9 @@
 #include "posting/forms/MenusMantenimiento.h"
 
-#include "chart/EjercicioAbierto.h"
+#include "journal/EjercicioAbierto.h"
+#include "journal/EliminarAsientos.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
-#include "posting/EliminarAsientos.h"
 #include "posting/forms/Form1.h"
 #include "posting/forms/Form16.h"
 #include "posting/forms/Form45.h"

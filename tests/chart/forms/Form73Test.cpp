@@ -4,8 +4,8 @@
 #include "chart/forms/Form73.h"
 #include "Entorno.h"
 #include "chart/CliPro.h"
+#include "journal/Escritor.h"
 #include "platform/forms/ImprimirLibro.h"
-#include "posting/Escritor.h"
 #include "store/Conexiones.h"
 
 #include <QComboBox>

@@ -5,8 +5,8 @@
 #include "chart/forms/Form21.h"
 #include "chart/forms/Form35.h"
 #include "chart/forms/Form48.h"
+#include "journal/Escritor.h"
 #include "platform/forms/ImprimirLibro.h"
-#include "posting/Escritor.h"
 
 #include <QAction>
 #include <QComboBox>

@@ -1,8 +1,8 @@
-#include "posting/EliminarAsientos.h"
+#include "journal/EliminarAsientos.h"
 
-#include "chart/EjercicioAbierto.h"
+#include "journal/EjercicioAbierto.h"
+#include "journal/Escritor.h"
 #include "platform/Almacen.h"
-#include "posting/Escritor.h"
 #include "store/Conexiones.h"
 #include "store/Sesion.h"
 

@@ -1,7 +1,7 @@
 // The journal writer: order of lines, Mayor, VAT keys, refusals that leave nothing written.
 
-#include "posting/Escritor.h"
-#include "ComunAsientos.h"
+#include "journal/Escritor.h"
+#include "posting/ComunAsientos.h"
 #include "store/Conexiones.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "posting/Escritor.h"
+#include "journal/Escritor.h"
 
 #include "platform/Almacen.h"
 #include "store/Formato.h"
