@@ -103,8 +103,10 @@ bool GestionAsientos::HacerPeriodico() {
 void GestionAsientos::Descuadre() {
     double debe = 0, haber = 0;
     for (int f = 1; f <= Rejilla.ultima(); ++f) {
-        const double d = Rejilla.valor(f, ColF7::Debe);
-        const double h = Rejilla.valor(f, ColF7::Haber);
+        // Each line as it will be written, to the cent, so that the difference is the one the
+        // journal would show.
+        const double d = Centimos(Rejilla.valor(f, ColF7::Debe));
+        const double h = Centimos(Rejilla.valor(f, ColF7::Haber));
         if (d != 0)
             debe += d;
         if (h != 0)

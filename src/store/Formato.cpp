@@ -1,6 +1,8 @@
 #include "store/Formato.h"
 
+#include <charconv>
 #include <cmath>
+#include <cstdlib>
 
 namespace {
 
@@ -35,13 +37,41 @@ QString fijo(double valor, int decimales, bool grupos, bool quitarCerosFinales) 
 } // namespace
 
 double Redondear(double valor, int decimales) {
-    // Amounts are rounded to cents far more often than anything else: no pow for them.
-    const double f = decimales == 2 ? 100.0 : std::pow(10.0, decimales);
-    const double x = valor * f;
-    // A nudge far above the float error of x and far below any decimal that matters, so that
-    // 2.675 (stored as 2.67499999...) rounds up as the decimal value says.
-    const double r = std::round(x + std::copysign(std::fabs(x) * 1e-12 + 1e-12, x));
-    return r / f + 0.0;
+    // Half away from zero on the decimal the value stands for, read to the fifteen significant
+    // digits a double always holds: that is what was typed (2.675, held as 2.67499999..., gives
+    // 2.68), and it drops the last-bit noise of a product such as base x rate. The rounded whole
+    // number of units is exact, and one correctly rounded division gives the double nearest to
+    // it, so every amount the books accept is exact to the cent.
+    if (!std::isfinite(valor) || valor == 0 || decimales < 0 || decimales > 15)
+        return valor + 0.0;
+    char texto[40];
+    char* const fin =
+        std::to_chars(texto, texto + sizeof texto - 1, valor, std::chars_format::scientific, 14)
+            .ptr;
+    *fin = '\0';
+    const char* p = texto;
+    const bool negativo = *p == '-';
+    if (negativo)
+        ++p;
+    char cifras[24];
+    int n = 0;
+    for (; p < fin && *p != 'e'; ++p)
+        if (*p != '.')
+            cifras[n++] = *p;
+    const int exponente = std::atoi(p + 1);
+    // How many of the significant digits stand before the rounding point.
+    const int enteras = exponente + decimales + 1;
+    if (enteras > 17)
+        return valor; // far beyond any amount: there is nothing to round at that scale
+    qint64 unidades = 0;
+    for (int i = 0; i < enteras; ++i)
+        unidades = unidades * 10 + (i < n ? cifras[i] - '0' : 0);
+    if (enteras >= 0 && enteras < n && cifras[enteras] >= '5')
+        ++unidades;
+    static constexpr double Potencias[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                           1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const double r = static_cast<double>(unidades) / Potencias[decimales];
+    return (negativo ? -r : r) + 0.0;
 }
 
 QString Formato(double valor, const QString& formato) {

@@ -5,6 +5,7 @@
 
 #include <QLocale>
 #include <QRegularExpression>
+#include <cmath>
 
 namespace {
 
@@ -137,6 +138,27 @@ double ValorImporte(const QString& texto, bool* ok) {
     if (ok)
         *ok = bien;
     return bien ? v : 0.0;
+}
+
+QString MsgImporteNoValido(const QString& texto) {
+    return QStringLiteral("El importe «%1» no es válido: debe ser un número entre "
+                          "-999.999.999.999,99 y 999.999.999.999,99.")
+        .arg(texto.trimmed());
+}
+
+bool ImporteAdmitido(double valor) {
+    return std::isfinite(valor) && std::fabs(Centimos(valor)) <= ImporteMaximo;
+}
+
+std::optional<double> LeerImporte(const QString& texto) {
+    for (const QChar c : texto)
+        if (!c.isDigit() && !QStringLiteral(" +-.,").contains(c))
+            return std::nullopt;
+    bool ok = false;
+    const double v = ValorImporte(texto, &ok);
+    if (!ok || !ImporteAdmitido(v))
+        return std::nullopt;
+    return Centimos(v);
 }
 
 QString ANumero(const QString& texto) {

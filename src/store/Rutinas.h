@@ -5,6 +5,7 @@
 #include <QDate>
 #include <QDateTime>
 #include <QString>
+#include <optional>
 
 class Dialogo;
 
@@ -33,6 +34,18 @@ QString AImporte(const QString& texto);
 // The value of an amount text as screens and grids hold it: with a "," the "." are thousands
 // ("1.234,56"); without one a "." is the decimal mark ("1234.56"). Not a number gives 0.
 double ValorImporte(const QString& texto, bool* ok = nullptr);
+
+// The largest amount the books accept, in any field and on any path: typed, imported, computed
+// for a line. Up to it every amount is held exact to the cent.
+constexpr double ImporteMaximo = 999999999999.99;
+// "El importe «texto» no es válido: ..." naming the maximum.
+QString MsgImporteNoValido(const QString& texto);
+// An amount as typed or given (ValorImporte's rules: digits, one sign, "." and ","), rounded to
+// the cent. Nothing when it is not a plain finite number within ImporteMaximo ("1e308", "inf",
+// "nan" and "12abc" included). An empty text is not an amount either.
+std::optional<double> LeerImporte(const QString& texto);
+// True for a finite value whose cents lie within ImporteMaximo.
+bool ImporteAdmitido(double valor);
 
 // Day numbers count days from 30 December 1899, the fraction being the time of day.
 double DiaSerie(const QDateTime& momento);

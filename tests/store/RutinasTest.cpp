@@ -1,11 +1,14 @@
 // Dates as users type them, amounts as they type and read them, and the Spanish formats.
 
+#include "store/Rutinas.h"
 #include "ImprimirQt.h"
 #include "platform/Dialogo.h"
 #include "store/Formato.h"
-#include "store/Rutinas.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
+#include <random>
 
 namespace {
 
@@ -112,6 +115,59 @@ TEST(Formatos, RedondeoACentimosYFlotanteSimple) {
     EXPECT_NE(ASimple(123456.78), 123456.78);
     EXPECT_DOUBLE_EQ(ASimple(16777216.0), 16777216.0);
     EXPECT_NE(ASimple(16777217.0), 16777217.0);
+}
+
+// Every amount up to the books' maximum goes through typing, rounding and display unchanged, to
+// the cent: random cents over the whole range, and the edges.
+TEST(Importes, ExactosAlCentimoEnTodoElRango) {
+    std::mt19937_64 azar(20261124);
+    const qint64 maximo = 99999999999999; // 999.999.999.999,99 in cents
+    QList<qint64> casos{1, 5, 99, 100, 267, 1234567890123, 1234567890125, maximo, maximo - 1};
+    for (int i = 0; i < 50000; ++i)
+        casos << static_cast<qint64>(azar() % static_cast<quint64>(maximo + 1));
+    for (const qint64 cent : casos) {
+        for (const qint64 c : {cent, -cent}) {
+            const QString entero = QString::number(std::abs(c) / 100);
+            const QString texto = QStringLiteral("%1%2,%3")
+                                      .arg(c < 0 ? QStringLiteral("-") : QString(), entero)
+                                      .arg(std::abs(c) % 100, 2, 10, QLatin1Char('0'));
+            const std::optional<double> v = LeerImporte(texto);
+            ASSERT_TRUE(v) << texto.toStdString();
+            ASSERT_EQ(*v, static_cast<double>(c) / 100) << texto.toStdString();
+            ASSERT_EQ(Centimos(*v), *v) << texto.toStdString();
+            ASSERT_EQ(Formato(*v, "0.00"), texto) << texto.toStdString();
+            ASSERT_EQ(ValorImporte(Formato(*v, "standard")), *v) << texto.toStdString();
+            ASSERT_EQ(ValorImporte(Formato(*v, "General Number")), *v) << texto.toStdString();
+        }
+    }
+    // The size at which a relative nudge used to move whole cents.
+    EXPECT_EQ(Formato(*LeerImporte("12345678901,23"), "standard"), "12.345.678.901,23");
+    EXPECT_EQ(Formato(*LeerImporte("99999999999,99"), "standard"), "99.999.999.999,99");
+    // Half away from zero on what was typed, also for the third decimal of a large amount.
+    EXPECT_EQ(Formato(*LeerImporte("2,675"), "standard"), "2,68");
+    EXPECT_EQ(Formato(*LeerImporte("-2,675"), "standard"), "-2,68");
+    EXPECT_EQ(Formato(*LeerImporte("123456789012,345"), "standard"), "123.456.789.012,35");
+    EXPECT_EQ(Formato(*LeerImporte("123456789012,344"), "standard"), "123.456.789.012,34");
+    // The last-bit noise of a computed half cent (a base times a rate) does not round it down.
+    EXPECT_EQ(Centimos(std::nextafter(0.005, 0.0)), 0.01);
+    EXPECT_EQ(Centimos(std::nextafter(-2.675, 0.0)), -2.68);
+    EXPECT_EQ(Centimos(std::nextafter(0.004999, 0.0)), 0.0);
+}
+
+TEST(Importes, SoloNumerosFinitosHastaElMaximo) {
+    for (const char* malo : {"1e308", "inf", "-inf", "nan", "1e3", "12abc", "", " ", "--5",
+                             "1000000000000", "999999999999,995", "-1000000000000,00", "0x10"})
+        EXPECT_FALSE(LeerImporte(QString::fromUtf8(malo))) << malo;
+    EXPECT_EQ(*LeerImporte("999.999.999.999,99"), 999999999999.99);
+    EXPECT_EQ(*LeerImporte("-999999999999.99"), -999999999999.99);
+    EXPECT_EQ(*LeerImporte("0,001"), 0.0);
+    EXPECT_EQ(*LeerImporte(" 1 234,5 "), 1234.5);
+    EXPECT_FALSE(ImporteAdmitido(std::numeric_limits<double>::infinity()));
+    EXPECT_FALSE(ImporteAdmitido(std::nan("")));
+    EXPECT_TRUE(ImporteAdmitido(999999999999.994));
+    EXPECT_EQ(MsgImporteNoValido(" 1e308 "),
+              "El importe «1e308» no es válido: debe ser un número entre "
+              "-999.999.999.999,99 y 999.999.999.999,99.");
 }
 
 TEST(DiasSerie, CuentanDesdeElTreintaDeDiciembreDe1899) {
