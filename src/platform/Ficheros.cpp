@@ -110,7 +110,7 @@ void FicheroRegistros::anadir(const QByteArray& registro) const {
     QFile f(ruta_);
     if (!f.open(QIODevice::WriteOnly | QIODevice::Append) ||
         f.write(ajustar(registro)) != longitud_)
-        throw ErrorAlmacen(QStringLiteral("No se pudo escribir el archivo %1.").arg(ruta_));
+        throw ErrorAlmacen(MsgNoSeEscribe(ruta_));
 }
 
 void FicheroRegistros::reescribir(const QList<QByteArray>& registros) const {
@@ -118,11 +118,11 @@ void FicheroRegistros::reescribir(const QList<QByteArray>& registros) const {
     QSaveFile f(ruta_);
     f.setDirectWriteFallback(true);
     if (!f.open(QIODevice::WriteOnly))
-        throw ErrorAlmacen(QStringLiteral("No se pudo escribir el archivo %1.").arg(ruta_));
+        throw ErrorAlmacen(MsgNoSeEscribe(ruta_));
     for (const QByteArray& r : registros)
         f.write(ajustar(r));
     if (!f.commit())
-        throw ErrorAlmacen(QStringLiteral("No se pudo escribir el archivo %1.").arg(ruta_));
+        throw ErrorAlmacen(MsgNoSeEscribe(ruta_));
 }
 
 bool FicheroLibre(const QString& ruta) {
