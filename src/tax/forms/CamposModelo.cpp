@@ -206,6 +206,8 @@ QLineEdit* PantallaModelo::NuevoTexto(const QString& nombre, int largo, QValidat
     auto* e = new QLineEdit(this);
     e->setObjectName(nombre);
     e->setMaxLength(largo);
+    // As wide as what it takes, so that a year or a period does not look like a line of text.
+    e->setMaximumWidth(e->fontMetrics().horizontalAdvance(QString(largo + 1, u'M')) + 12);
     if (validador) {
         validador->setParent(e);
         e->setValidator(validador);

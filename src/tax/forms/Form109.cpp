@@ -34,7 +34,7 @@ QLabel* Cabeza(const QString& texto) {
 Form109::Form109(Sesion& s, Ajustes& a, Dialogo& d, const Modelo303& modelo, QWidget* padre)
     : PantallaModelo(s, a, d, QStringLiteral("Form109"), QStringLiteral("Quilmar [Modelo 303]"),
                      padre),
-      m_(modelo) {
+      m_(modelo), libros_(s) {
     auto* desplazable = new QScrollArea(this);
     desplazable->setWidgetResizable(true);
     desplazable->setWidget(crearCampos());
@@ -317,7 +317,7 @@ void Form109::ImprimirBorrador() {
     Intentar([this] {
         QList<LineaDesglose303> desglose;
         {
-            Conexion c = AbrirDatos(s_);
+            Conexion c = AbrirDatos(libros_);
             desglose = Desglose303(c, m_.desde, m_.hasta);
         }
         const Modelo303 m = m_;

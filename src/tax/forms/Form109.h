@@ -9,6 +9,7 @@
 //     f->setAttribute(Qt::WA_DeleteOnClose);
 //     f->show();
 
+#include "store/Sesion.h"
 #include "tax/Modelo303.h"
 #include "tax/forms/CamposModelo.h"
 
@@ -47,6 +48,9 @@ private:
     void mostrar();
 
     Modelo303 m_;
+    // The books the return was filled from: the draft's breakdown comes from the same company
+    // and exercise even if the board has moved to another meanwhile.
+    const Sesion libros_;
     QHash<int, CajaCasilla*> casillas_;
     CajaCasilla* importe_;
     QLineEdit *ejercicio_, *periodo_, *nif_, *apellidos_, *nombre_;
