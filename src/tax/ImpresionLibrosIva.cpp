@@ -9,7 +9,7 @@ constexpr double XCierre = 4000; // the closing words, where the other books pri
 constexpr double AnchoMinimo = 600;
 
 // Rooms of the columns, in twips: the figures of a column and the gap before the next.
-constexpr double AnchoOrden = 800, AnchoAsiento = 700, AnchoFecha = 950, AnchoFactura = 1250,
+constexpr double AnchoOrden = 800, AnchoAsiento = 850, AnchoFecha = 950, AnchoFactura = 1250,
                  AnchoNif = 1050, AnchoFacturaCuentas = 2200, AnchoImporte = 1300, AnchoTipo = 650;
 
 bool Importe(const Rejilla& r, int columna) {

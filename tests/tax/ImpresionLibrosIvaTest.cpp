@@ -77,12 +77,12 @@ TEST(ImpresionLibrosIva, CabeceraColumnasYCierreDelLibroDeIngresos) {
         EXPECT_GT(imp.buscar("Sector: D'Ana")->y, imp.buscar("Pruebas SL")->y);
 
         // Without the entry number its column goes and the others move left by its room.
-        const double corrimiento = asiento ? 0 : 700;
+        const double corrimiento = asiento ? 0 : 850;
         EXPECT_DOUBLE_EQ(Derecha(imp.buscar("Nº ORDEN")), 1400);
         EXPECT_EQ(imp.buscar("ASIENTO") != nullptr, asiento);
-        EXPECT_DOUBLE_EQ(imp.buscar("FECHA")->x, 2300 - corrimiento);
-        EXPECT_DOUBLE_EQ(imp.buscar("FACTURA")->x, 3250 - corrimiento);
-        EXPECT_DOUBLE_EQ(imp.buscar("CONCEPTO")->x, 5450 - corrimiento);
+        EXPECT_DOUBLE_EQ(imp.buscar("FECHA")->x, 2450 - corrimiento);
+        EXPECT_DOUBLE_EQ(imp.buscar("FACTURA")->x, 3400 - corrimiento);
+        EXPECT_DOUBLE_EQ(imp.buscar("CONCEPTO")->x, 5600 - corrimiento);
         EXPECT_DOUBLE_EQ(Derecha(imp.buscar("IMPORTE")), W - 1000);
         const Trazo* fila = imp.buscar("F-2");
         ASSERT_TRUE(fila);
@@ -219,9 +219,9 @@ TEST(ImpresionLibrosIva, FacturasConTotalesYColumnasQueSeCorren) {
         const double d = 1134 - 600;
         EXPECT_EQ(imp.buscar("ASIENTO") != nullptr, conTodo);
         EXPECT_EQ(imp.buscar("NIF") != nullptr, conTodo);
-        EXPECT_DOUBLE_EQ(imp.buscar("FECHA")->x, conTodo ? 600 + d + 850 : 600 + d);
+        EXPECT_DOUBLE_EQ(imp.buscar("FECHA")->x, conTodo ? 600 + d + 1000 : 600 + d);
         EXPECT_DOUBLE_EQ(imp.buscar("DESTINATARIO")->x,
-                         conTodo ? 600 + d + 850 + 950 + 1250 + 1050 : 600 + d + 950 + 1250);
+                         conTodo ? 600 + d + 1000 + 950 + 1250 + 1050 : 600 + d + 950 + 1250);
         EXPECT_DOUBLE_EQ(Derecha(imp.buscar("CUOTA")), W - 700);
         EXPECT_DOUBLE_EQ(Derecha(imp.buscar("TIPO")), W - 2000);
         EXPECT_DOUBLE_EQ(Derecha(imp.buscar("B.I. RECARGO")), W - 2650);
