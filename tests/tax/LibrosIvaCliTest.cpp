@@ -59,18 +59,9 @@ TEST(CliLibrosIva, ListasComoTexto) {
 
     r = e.cli("libro-gastos", {"--desde", "01/02/2024", "--hasta", "01/02/2024"});
     ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
-    EXPECT_TRUE(r.salida.contains("1,00\t2\t01/02/2024\tAcreedores varios\tArrendamientos\t800,00"))
-        << r.salida.toStdString();
-    EXPECT_TRUE(r.salida.endsWith("\t\t\t\tTOTAL\t800,00\n"));
+    EXPECT_TRUE(r.salida.endsWith("\t\t\t\tTOTAL\t800,00\n")) << r.salida.toStdString();
 
-    // Without --asiento and --nif those cells stay empty; the sector with a quote works.
-    r = e.cli("facturas-expedidas");
-    ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
-    EXPECT_EQ(r.salida.split('\n', Qt::SkipEmptyParts).mid(1),
-              (QStringList{"\t10/01/2024\tF-1\t\tClientes varios\t100,00\t\t21\t21,00\t" + Clientes,
-                           "\t03/03/2024\tF-2\t\tClientes varios\t50,00\t\t10\t5,00\t" + Clientes,
-                           QString(9, '\t'), "\t\t\t\tTotal IVA al 21%\t100\t\t21\t21\t",
-                           "\t\t\t\tTotal IVA al 10%\t50\t\t10\t5\t"}));
+    // The flags and a sector with a quote reach the book.
     r = e.cli("facturas-expedidas", {"--asiento", "--nif", "--sector", "D'Ana"});
     ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
     EXPECT_TRUE(
