@@ -18,7 +18,8 @@
 //
 // Cells hold no tabs or line breaks (a tab would split the row): they are turned into blanks.
 // Numeric columns (Importe, Entero, Numero) are right-aligned on screen and exported as
-// numbers; Fecha as dates. Bold is kept for the first 64 columns, colour from up to 127.
+// numbers; Fecha as dates. Bold is kept for the first 64 columns; a row colour starts at any
+// of the first 128.
 
 #include <QDate>
 #include <QList>
