@@ -104,7 +104,7 @@ CajasCuenta::CajasCuenta(const QString& nombre, QWidget* padre) : QWidget(padre)
     for (int i = 0; i < 4; ++i) {
         auto* e = new QLineEdit(this);
         e->setObjectName(nombre + QString::fromLatin1(Partes[i]));
-        e->setMaxLength(Largos[i]);
+        SoloCifras(e, Largos[i]); // a paste with anything else is refused too
         e->setFixedWidth(fontMetrics().horizontalAdvance(QString(Largos[i], u'0')) + 14);
         e->installEventFilter(this);
         g->addWidget(new QLabel(QString::fromUtf8(Etiquetas[i]), this), 0, i);
