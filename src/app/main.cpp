@@ -21,6 +21,8 @@
 #include "store/forms/Form102.h"
 #include "store/forms/Form29.h"
 #include "store/forms/Form44.h"
+#include "tax/forms/MenusLibrosIva.h"
+#include "tax/forms/MenusModelos.h"
 
 #include <QApplication>
 #include <QDir>
@@ -122,6 +124,8 @@ int main(int argc, char** argv) {
     ConectarCuentas(tablero, s, a, d);
     ConectarMantenimiento(tablero, s, a, d);
     ConectarLibros(tablero, s, a, d);
+    ConectarLibrosIva(tablero, s, a, d);
+    ConectarModelos(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();
