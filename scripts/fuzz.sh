@@ -5,10 +5,14 @@
 # BUILD/fallos/<target>/ and the run ends with an error.
 #   make fuzz                                  every target, ten minutes each
 #   make fuzz FUZZ_SEGUNDOS=60 FUZZ_OBJETIVOS="Importe Evaluar"
+#   FUZZ_SEGUIR=1 goes on after a fault for the whole time (libFuzzer's fork mode), keeping
+#   every input that breaks a rule.
 set -euo pipefail
 BUILD="${1:-build-fuzz}"
 SEGUNDOS="${FUZZ_SEGUNDOS:-600}"
 OBJETIVOS="${FUZZ_OBJETIVOS:-ValidarFecha Importe Evaluar ImportarCsv Ficheros}"
+SEGUIR=()
+[ -n "${FUZZ_SEGUIR:-}" ] && SEGUIR=(-fork=1 -ignore_crashes=1)
 RAIZ="$(cd "$(dirname "$0")/.." && pwd)"
 
 faltan=()
@@ -37,11 +41,15 @@ for o in $OBJETIVOS; do
   echo "== $o: $SEGUNDOS s"
   if ! QT_QPA_PLATFORM=offscreen "$BUILD/fuzz_$o" "$corpus" "${semillas[@]}" \
       -max_total_time="$SEGUNDOS" -timeout=10 -rss_limit_mb=4096 -print_final_stats=1 \
-      -artifact_prefix="$fallos/" 2>"$BUILD/fuzz-$o.log"; then
+      -artifact_prefix="$fallos/" "${SEGUIR[@]}" 2>"$BUILD/fuzz-$o.log"; then
     fallidos=$((fallidos + 1))
     echo "   FALLO: $(ls "$fallos" | head -3 | tr '\n' ' ')"
   fi
   grep -E '^stat::(number_of_executed_units|new_units_added|peak_rss_mb)' "$BUILD/fuzz-$o.log" \
     | sed 's/^/   /' || true
+  # Fork mode tells its progress on lines of its own instead.
+  grep -E '^#[0-9]+: cov' "$BUILD/fuzz-$o.log" | tail -1 | sed 's/^/   /' || true
+  n=$(ls "$fallos" | wc -l)
+  [ "$n" -gt 0 ] && echo "   entradas que rompen una regla: $n" && fallidos=$((fallidos + 1))
 done
 [ "$fallidos" -eq 0 ]
