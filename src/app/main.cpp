@@ -2,6 +2,7 @@
 // with its check of a second copy, the installation database, the login, the kind of
 // installation on first use, the board and the access to companies.
 
+#include "assets/forms/MenusInventario.h"
 #include "chart/forms/MenusCuentas.h"
 #include "platform/Ajustes.h"
 #include "platform/Errores.h"
@@ -112,6 +113,7 @@ int main(int argc, char** argv) {
     ConectarCuentas(tablero, s, a, d);
     ConectarMantenimiento(tablero, s, a, d);
     ConectarLibros(tablero, s, a, d);
+    ConectarInventario(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();

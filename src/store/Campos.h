@@ -30,6 +30,9 @@ enum class Campo {
     NombreConcepto,  // Conceptos.Nombre (it becomes a line's Concepto)
     NombrePeriodico, // Periodicos.Nombre
     Usuario,         // Usuarios.Usuario
+    NombreElemento,  // Inventario.Nombre
+    Proveedor,       // Inventario.Proveedor (invoice and supplier)
+    Localizacion,    // Centros.Localizacion
 };
 
 // Most characters the field holds.
