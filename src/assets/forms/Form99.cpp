@@ -91,7 +91,7 @@ Form99::Form99(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     setObjectName(QStringLiteral("Form99"));
     setWindowTitle(QStringLiteral("Quilmar [Inventario]"));
     construir();
-    resize(1180, 720);
+    resize(1240, 720);
     PrepararVentana(this, a, 99);
     try {
         llenarCentros();
@@ -130,6 +130,7 @@ void Form99::construir() {
     auto* g = new QGridLayout(ficha);
     Text1 = campo(this, QStringLiteral("Text1"));
     Text1->setReadOnly(true);
+    Text1->setFocusPolicy(Qt::NoFocus);
     Text1->setMaximumWidth(110);
     Text2 = campo(this, QStringLiteral("Text2"), TamanoCampo(Campo::NombreElemento));
     Combo1 = lista(this, QStringLiteral("Combo1"), NaturalezasElemento);
@@ -178,6 +179,8 @@ void Form99::construir() {
     poner(5, 0, QStringLiteral("Amortizado"), Text10);
     poner(5, 1, QStringLiteral("Subcuenta de amortización"), Combo5, 3);
     poner(6, 1, QStringLiteral("Subcuenta de dotación"), Combo6, 3);
+    // The fields keep together at the top when the Ver panel is taller.
+    g->setRowStretch(7, 1);
     arriba->addWidget(ficha, 3);
 
     auto* ver = new QGroupBox(QStringLiteral("Ver"), this);
@@ -239,6 +242,7 @@ void Form99::construir() {
     Grid1->setSelectionBehavior(QAbstractItemView::SelectRows);
     Grid1->setSelectionMode(QAbstractItemView::SingleSelection);
     Grid1->verticalHeader()->hide();
+    Grid1->verticalHeader()->setDefaultSectionSize(Grid1->fontMetrics().height() + 8);
     Grid1->setColumnHidden(ColInvSubctaAmort, true);
     Grid1->setColumnHidden(ColInvSubctaDota, true);
     Grid1->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -481,6 +485,8 @@ void Form99::mostrarLista() {
         }
         auto* b = new QToolButton(Grid1);
         b->setText(QStringLiteral("..."));
+        b->setAutoRaise(false);
+        b->setMaximumHeight(Grid1->verticalHeader()->defaultSectionSize());
         b->setObjectName(QStringLiteral("Amortizar%1").arg(f));
         b->setToolTip(QStringLiteral("Realizar la amortización de este elemento"));
         const qint64 n = numeroDeFila(f);
@@ -494,6 +500,8 @@ void Form99::mostrarLista() {
         Grid1->setCellWidget(f, boton, b);
     }
     Grid1->resizeColumnsToContents();
+    Grid1->setColumnWidth(boton,
+                          Grid1->fontMetrics().horizontalAdvance(QStringLiteral("...")) + 24);
 }
 
 qint64 Form99::numeroDeFila(int fila) const {
