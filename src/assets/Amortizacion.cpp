@@ -38,8 +38,8 @@ QString fechaCorta(const QDate& f) {
 }
 
 // The exercise connection with the company database attached: one transaction covers both.
-struct ConexionRun {
-    explicit ConexionRun(const Sesion& s) : c(AbrirDatos(s)) { AdjuntarBavar(c, s); }
+struct ConexionAmortizacion {
+    explicit ConexionAmortizacion(const Sesion& s) : c(AbrirDatos(s)) { AdjuntarBavar(c, s); }
     Conexion c;
 };
 
@@ -59,7 +59,7 @@ Apunte linea(const QString& ncuenta, double debe, double haber, const QString& c
 }
 
 // Inside a run every entry joins the run's transaction: a failure rolls all of them back.
-OpcionesEscritura opcionesRun() {
+OpcionesEscritura opcionesCarrera() {
     OpcionesEscritura o;
     o.transaccionPropia = false;
     return o;
@@ -115,8 +115,8 @@ ResultadoAmortizacion RealizarAmortizaciones(Sesion& s, Dialogo& d, const Petici
         }
     }
 
-    ConexionRun run(s);
-    Conexion& c = run.c;
+    ConexionAmortizacion conexion(s);
+    Conexion& c = conexion.c;
     if (c.escalar(QStringLiteral("SELECT COUNT(NElemento) AS NN FROM Bavar.Inventario"))
             .toLongLong() == 0) {
         d.Informar(QStringLiteral("No hay ningún elemento de Inventario dado de alta."));
@@ -182,7 +182,7 @@ ResultadoAmortizacion RealizarAmortizaciones(Sesion& s, Dialogo& d, const Petici
                 a.Fecha = fecha;
                 a.Apuntes = {linea(e.SubctaDota, cuota, 0, concepto),
                              linea(e.SubctaAmort, 0, cuota, concepto)};
-                a.NAs = EscribirAsiento(c, s, fecha, a.Apuntes, opcionesRun());
+                a.NAs = EscribirAsiento(c, s, fecha, a.Apuntes, opcionesCarrera());
                 ponerAlDia(c, e, fecha, cuota);
                 r.asientos << a;
                 r.elementos << e.NElemento;
@@ -218,7 +218,7 @@ ResultadoAmortizacion RealizarAmortizaciones(Sesion& s, Dialogo& d, const Petici
                 }
                 if (total > 0) {
                     a.Apuntes << linea(cuentaA, 0, total, concepto);
-                    a.NAs = EscribirAsiento(c, s, fecha, a.Apuntes, opcionesRun());
+                    a.NAs = EscribirAsiento(c, s, fecha, a.Apuntes, opcionesCarrera());
                     r.asientos << a;
                 }
             }
@@ -240,6 +240,9 @@ ResultadoAmortizacion RealizarAmortizaciones(Sesion& s, Dialogo& d, const Petici
 ResultadoAmortizacion AmortizarElemento(Sesion& s, Dialogo& d, qint64 n,
                                         const std::function<QString()>& pedirFecha) {
     ResultadoAmortizacion r;
+    // Told before the date is asked for, rather than by the writer after it.
+    if (!EjercicioAbierto(s, d))
+        return r;
     const QString noEncontrado =
         QStringLiteral("No se encontró el elemento de Inventario en la base de datos.");
     const std::optional<Elemento> visto = LeerElemento(s, n);
@@ -280,8 +283,8 @@ ResultadoAmortizacion AmortizarElemento(Sesion& s, Dialogo& d, qint64 n,
         fecha = visto->FechaBaja;
     }
 
-    ConexionRun run(s);
-    Conexion& c = run.c;
+    ConexionAmortizacion conexion(s);
+    Conexion& c = conexion.c;
     const float ultimoAntes = s.UltimoAsiento;
     try {
         Transaccion t(c);
@@ -303,7 +306,7 @@ ResultadoAmortizacion AmortizarElemento(Sesion& s, Dialogo& d, qint64 n,
         a.Fecha = fecha;
         a.Apuntes = {linea(e.SubctaDota, Centimos(cuota), 0, concepto),
                      linea(e.SubctaAmort, 0, Centimos(cuota), concepto)};
-        a.NAs = EscribirAsiento(c, s, fecha, a.Apuntes, opcionesRun());
+        a.NAs = EscribirAsiento(c, s, fecha, a.Apuntes, opcionesCarrera());
         // Amortizado follows what the journal holds, so that the two never drift apart.
         ponerAlDia(c, e, fecha, Centimos(cuota));
         t.confirmar();

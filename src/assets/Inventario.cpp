@@ -64,6 +64,14 @@ bool ofrecida(const QList<SubcuentaOfrecida>& lista, const QString& ncuenta) {
     return false;
 }
 
+// The value of a fixed list as the list spells it, whatever the case typed; empty when not in it.
+QString deLista(const QStringList& lista, const QString& texto) {
+    for (const QString& valor : lista)
+        if (valor.compare(texto.trimmed(), Qt::CaseInsensitive) == 0)
+            return valor;
+    return {};
+}
+
 QVariant fechaSql(const QDate& f) {
     return f.isValid() ? QVariant(FechaISO(f)) : QVariant();
 }
@@ -129,8 +137,8 @@ public:
         if (v.Nombre.isEmpty())
             rechazar(CampoElemento::Nombre,
                      QStringLiteral("Tiene que introducir el nombre del elemento."));
-        v.Naturaleza = f.Naturaleza.trimmed();
-        if (!NaturalezasElemento.contains(v.Naturaleza))
+        v.Naturaleza = deLista(NaturalezasElemento, f.Naturaleza);
+        if (v.Naturaleza.isEmpty())
             rechazar(CampoElemento::Naturaleza,
                      QStringLiteral("Tiene que seleccionar la Naturaleza del elemento"));
 
@@ -184,10 +192,11 @@ public:
                 rechazar(CampoElemento::CausaBaja,
                          QStringLiteral("Si el elemento está dado de baja debe introducir la causa "
                                         "de dicha baja."));
-            if (!v.CausaBaja.isEmpty() && !CausasBaja.contains(v.CausaBaja))
+            if (!v.CausaBaja.isEmpty() && deLista(CausasBaja, v.CausaBaja).isEmpty())
                 rechazar(CampoElemento::CausaBaja,
                          QStringLiteral("La causa de la baja tiene que ser una de estas: %1.")
                              .arg(CausasBaja.join(QStringLiteral(", "))));
+            v.CausaBaja = deLista(CausasBaja, v.CausaBaja);
         }
 
         const QString amortizable = f.Amortizable.trimmed().toUpper();

@@ -344,6 +344,15 @@ TEST(AmortizarElemento, ComprobacionesYLaBajaComoFinal) {
     // Retired before the exercise.
     Poner(e, n, "UltimaAmort = NULL, FechaBaja = ?, CausaBaja = 'Otros'", {"2024-05-01"});
     EXPECT_EQ(mensaje(n, "31/12/2025"), "El elemento está dado de baja.");
+    {
+        Conexion c = e.datos();
+        c.ejecutar("UPDATE Empresa SET EjCerrado = -1");
+    }
+    EXPECT_EQ(mensaje(n, "31/12/2025"), MsgEjercicioCerrado);
+    {
+        Conexion c = e.datos();
+        c.ejecutar("UPDATE Empresa SET EjCerrado = 0");
+    }
     EXPECT_TRUE(Diario(e).isEmpty());
 
     // Retired within it: the run ends at the retirement. 1.000 x 10 % x 89 / 365 = 24,38.

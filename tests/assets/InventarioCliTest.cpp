@@ -50,7 +50,8 @@ TEST(CliInventario, AltasListaBajaYEliminacion) {
     r = cli.alta("Furgoneta", {"--importe", "12abc"});
     EXPECT_EQ(r.codigo, 1);
     EXPECT_EQ(r.error.trimmed(), MsgImporteNoValido("12abc"));
-    r = cli({"elemento-anadir", "--descripcion", "Cuadro", "--naturaleza", "Material",
+    // The values of the lists are taken whatever their case.
+    r = cli({"elemento-anadir", "--descripcion", "Cuadro", "--naturaleza", "material",
              "--fecha-adq", "01/02/2025", "--importe", "300", "--centro", "Oficina",
              "--amortizable", "NO"});
     ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
