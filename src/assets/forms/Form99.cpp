@@ -472,6 +472,20 @@ void Form99::Ver() {
     mostrarLista();
 }
 
+void Form99::Refrescar() {
+    Ver();
+    if (cargado_ <= 0)
+        return;
+    try {
+        if (const std::optional<Elemento> e = LeerElemento(s_, cargado_))
+            ponerFicha(FichaDe(*e));
+        else
+            Limpiar();
+    } catch (const ErrorQuilmar& e) {
+        d_.Informar(e.mensaje());
+    }
+}
+
 void Form99::mostrarLista() {
     Grid1->setRowCount(0);
     Grid1->setRowCount(rejilla_.Filas());
@@ -666,7 +680,7 @@ void Form99::RealizarAmortizaciones() {
     connect(&f, &Form101::asientosContabilizados, this, &Form99::asientosContabilizados);
     f.exec();
     if (f.realizada())
-        Ver();
+        Refrescar();
 }
 
 void Form99::abrirCalendario(QLineEdit* campo) {

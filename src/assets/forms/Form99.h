@@ -56,6 +56,9 @@ public:
 public Q_SLOTS:
     // The list again, with the view chosen in "Ver".
     void Ver();
+    // After a depreciation run: the list, and the element loaded in the form as it now stands,
+    // so that a later "&Modificar" does not take the run's dates for the user's changes.
+    void Refrescar();
     void Anadir();
     void Modificar();
     void Eliminar();

@@ -19,6 +19,6 @@ void ConectarInventario(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
         // An open inventory shows the elements brought up.
         if (f.realizada())
             if (Form99* inventario = Form99::Abierto())
-                inventario->Ver();
+                inventario->Refrescar();
     });
 }

@@ -156,6 +156,30 @@ TEST(Form99, AmortizacionDeUnElementoDesdeSuCelda) {
     EXPECT_EQ(avisos, 1);
 }
 
+TEST(Form99, TrasUnaCarreraElElementoCargadoMuestraSuNuevaAmortizacion) {
+    Entorno e;
+    EmpresaInventario(e);
+    Alta(e, Ficha("Mesa"));
+    Form99 f(e.sesion, *e.ajustes, e.dialogo);
+    f.CargarFila(0);
+    ASSERT_TRUE(Control<QLineEdit>(&f, "Text9")->text().isEmpty());
+    e.dialogo.responder({true});
+    AlAbrirseModal([](QWidget* w) {
+        EXPECT_EQ(w->objectName(), "Form101");
+        Pulsar(w, "Command1");
+    });
+    f.RealizarAmortizaciones();
+    EXPECT_EQ(f.grid()->item(0, ColInvAmortizado)->text(), "99,73");
+    EXPECT_EQ(Control<QLineEdit>(&f, "Text9")->text(), "31/12/2025");
+    EXPECT_EQ(Control<QLineEdit>(&f, "Text10")->text(), "99,73");
+    // So a change of the name alone asks nothing about the program's own fields.
+    Escribir(&f, "Text2", "Mesa grande");
+    e.dialogo.preguntas.clear();
+    Pulsar(&f, "Command2");
+    EXPECT_TRUE(e.dialogo.preguntas.isEmpty());
+    EXPECT_EQ(f.rejilla().Celda(0, ColInvNombre), "Mesa grande");
+}
+
 TEST(Form99, ImprimeConLasOpcionesDelGrupoInvent) {
     Entorno e;
     EmpresaInventario(e);
