@@ -22,6 +22,7 @@
 #include "store/forms/Form29.h"
 #include "store/forms/Form44.h"
 #include "tax/forms/MenusLibrosIva.h"
+#include "tax/forms/MenusModelos.h"
 
 #include <QApplication>
 #include <QDir>
@@ -115,6 +116,7 @@ int main(int argc, char** argv) {
     ConectarMantenimiento(tablero, s, a, d);
     ConectarLibros(tablero, s, a, d);
     ConectarLibrosIva(tablero, s, a, d);
+    ConectarModelos(tablero, s, a, d);
     ConectarInventario(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
