@@ -17,6 +17,7 @@
 #include <QPointer>
 #include <QStatusBar>
 #include <QTimer>
+#include <QToolBar>
 
 namespace {
 
@@ -52,6 +53,9 @@ Form62::Form62(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
                 {7, ver},
                 {8, eliminar},
                 {10, ayuda}});
+    // Few actions, named on the buttons as the screen has always had them.
+    if (auto* barra = findChild<QToolBar*>(QStringLiteral("Toolbar1")))
+        barra->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     alMenu(ver);
     alMenu(eliminar);
     connect(tabla(), &QAbstractItemView::doubleClicked, this,

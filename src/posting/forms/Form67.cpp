@@ -21,6 +21,7 @@
 #include <QPointer>
 #include <QStatusBar>
 #include <QTimer>
+#include <QToolBar>
 
 const QString MsgComoContabilizarPredisenado = QStringLiteral(
     "Para contabilizar pulse Control + el código del asiento en la pantalla principal o en la de "
@@ -56,6 +57,9 @@ Form67::Form67(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
                 {6, eliminar},
                 {8, imprimir},
                 {9, accionExportar()}});
+    // Few actions, named on the buttons as the screen has always had them.
+    if (auto* barra = findChild<QToolBar*>(QStringLiteral("Toolbar1")))
+        barra->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     alMenu(verAsiento);
     alMenu(eliminar);
     connect(tabla(), &QAbstractItemView::doubleClicked, this,

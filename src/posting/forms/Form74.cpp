@@ -126,7 +126,10 @@ Form74::Form74(const Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
         }
         w->setObjectName(QStringLiteral("Valor%1").arg(c));
         Valores[c] = w;
-        edicion(c)->installEventFilter(this);
+        // An editable list takes the keys itself and hands them to its edit past any filter.
+        w->installEventFilter(this);
+        if (edicion(c) != w)
+            edicion(c)->installEventFilter(this);
         campos->addWidget(Nombres[c], c, 0);
         campos->addWidget(new QLabel(TituloCampoPredi(c), this), c, 1);
         campos->addWidget(Tipos[c], c, 2);
@@ -341,7 +344,7 @@ bool Form74::eventFilter(QObject* objeto, QEvent* evento) {
         return QDialog::eventFilter(objeto, evento);
     int campo = -1;
     for (int c = 0; c < CampoPredi::Total; ++c)
-        if (objeto == edicion(c))
+        if (objeto == edicion(c) || objeto == Valores[c])
             campo = c;
     if (campo < 0)
         return QDialog::eventFilter(objeto, evento);

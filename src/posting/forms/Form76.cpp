@@ -123,10 +123,11 @@ Form76::Form76(const Sesion& s, Ajustes& a, Dialogo& d, TrabajoPredisenado& trab
                 mostrar(combo, k_.Valores[c]);
             else
                 combo->setCurrentIndex(std::max(0, combo->findText(k_.Valores[c])));
+            // An editable list takes the keys itself and hands them to its edit past any
+            // filter: both are watched.
+            combo->installEventFilter(this);
             if (combo->lineEdit())
                 combo->lineEdit()->installEventFilter(this);
-            else
-                combo->installEventFilter(this);
         } else {
             static_cast<QLineEdit*>(w)->setText(k_.Valores[c]);
             w->installEventFilter(this);
@@ -153,6 +154,7 @@ Form76::Form76(const Sesion& s, Ajustes& a, Dialogo& d, TrabajoPredisenado& trab
     todo->addWidget(Label1);
     todo->addWidget(Label2);
     todo->addLayout(rejilla);
+    todo->addStretch();
     todo->addLayout(botones);
 
     connect(Command1, &QPushButton::clicked, this, &Form76::aceptar);

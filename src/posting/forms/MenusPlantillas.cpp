@@ -16,6 +16,7 @@
 #include "store/Conexiones.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
+#include "store/forms/Form36.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -239,11 +240,23 @@ void ConectarPlantillas(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
         return true;
     }();
     (void)enganchados;
-    // Once, after the rest of the start-up.
-    QObject::connect(
-        t, &Form1::cargaTerminada, t,
-        [t, &s, &a, &d] {
-            QTimer::singleShot(0, t, [t, &s, &a, &d] { ContAsPerEscritorio(*t, s, a, d); });
-        },
-        Qt::SingleShotConnection);
+    // Once, after the rest of the start-up: the splash gone, the welcome screen read and the
+    // first-use question answered, so that no window of the start-up comes over the
+    // confirmations.
+    auto* espera = new QTimer(t);
+    espera->setObjectName(QStringLiteral("EsperaPeriodicos"));
+    espera->setInterval(250);
+    QObject::connect(espera, &QTimer::timeout, t, [t, espera, &s, &a, &d] {
+        const auto* portada = t->findChild<QTimer*>(QStringLiteral("Timer3"));
+        if ((portada && portada->isActive()) || t->Timer5->isActive() ||
+            QApplication::activeModalWidget())
+            return;
+        for (const Form36* bienvenida : t->findChildren<Form36*>())
+            if (bienvenida->isVisible())
+                return;
+        espera->stop();
+        ContAsPerEscritorio(*t, s, a, d);
+    });
+    QObject::connect(t, &Form1::cargaTerminada, espera, qOverload<>(&QTimer::start),
+                     Qt::SingleShotConnection);
 }

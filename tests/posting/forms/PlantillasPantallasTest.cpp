@@ -6,6 +6,7 @@
 #include "../ComunAsientos.h"
 #include "forms/Pantallas.h"
 #include "platform/forms/TablaRejilla.h"
+#include "posting/Contabilizar.h"
 #include "posting/Periodicos.h"
 #include "posting/Predisenados.h"
 #include "posting/forms/Form1.h"
@@ -196,6 +197,31 @@ TEST_F(Plantillas, BotonPeriodicoDeGestionConForm59) {
                     "Nombre = 'Luz'"),
               QStringList({"Luz|52|2024-05-10|2024-05-17", "Luz|52|2024-05-10|2024-05-17"}));
     f->close();
+
+    // The posting screen's button, on an entry filled from the board: the lines of the grid,
+    // with the date of its first line; cancelling Form59 writes nothing.
+    auto* f4 = new Form4(e.sesion, *e.ajustes, e.dialogo, tablero.estadoTablero());
+    ASSERT_TRUE(f4->BotonPeriodico->isEnabled());
+    f4->CargarLineas("Compras de mercaderías", Compras, "Banco", Banco);
+    f4->Date1->setText("02/06/2024");
+    f4->Combo1->setEditText("Agua");
+    f4->TDBN1->setText("35");
+    ASSERT_EQ(f4->Aceptar().tipo, ResultadoAceptar::Tipo::Relleno);
+    e.dialogo.responder({true, true});
+    e.dialogo.responderTextos({"Agua", "Agua"});
+    AlAbrirseModal([](QWidget* w) { Pulsar(w, "Command2"); });
+    f4->BotonPeriodico->trigger();
+    EXPECT_TRUE(filas("SELECT * FROM Periodicos WHERE Nombre = 'Agua'").isEmpty());
+    AlAbrirseModal([](QWidget* w) {
+        EXPECT_EQ(static_cast<Form59*>(w)->Text1->text(), "02/07/2024");
+        Pulsar(w, "Command1");
+    });
+    f4->BotonPeriodico->trigger();
+    EXPECT_EQ(filas("SELECT Periodicidad, FechaIni, FechaProx, NCuenta, Debe, Haber FROM "
+                    "Periodicos WHERE Nombre = 'Agua' ORDER BY rowid"),
+              QStringList({"12|2024-06-02|2024-07-02|660000044|35|0",
+                           "12|2024-06-02|2024-07-02|157200003|0|35"}));
+    f4->close();
 }
 
 TEST_F(Plantillas, PredisenadoEscritoEnForm74YRellenadoEnForm76) {
