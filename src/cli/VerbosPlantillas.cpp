@@ -427,6 +427,16 @@ int predisenado(ContextoCli& c) {
         }
     }
     ImprimirFilas(c.salida, filas);
+    // A CUADRE that came out negative stays on its side: the difference is shown, and posting
+    // refuses it as the maintenance screen does.
+    double debe = 0, haber = 0;
+    for (const LineaF7& l : a->Lineas) {
+        debe += l.Debe;
+        haber += l.Haber;
+    }
+    if (Centimos(debe - haber) != 0)
+        c.salida << QStringLiteral("Descuadre\t")
+                 << Formato(debe - haber, QStringLiteral("standard")) << '\n';
     if (!c.bandera(QStringLiteral("contabilizar")))
         return 0;
 
