@@ -22,6 +22,7 @@
 #include "store/forms/Form29.h"
 #include "store/forms/Form44.h"
 #include "tax/forms/MenusLibrosIva.h"
+#include "tax/forms/MenusModelos.h"
 
 #include <QApplication>
 #include <QDir>
@@ -116,6 +117,7 @@ int main(int argc, char** argv) {
     ConectarPlantillas(tablero, s, a, d);
     ConectarLibros(tablero, s, a, d);
     ConectarLibrosIva(tablero, s, a, d);
+    ConectarModelos(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();
