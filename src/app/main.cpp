@@ -11,6 +11,7 @@
 #include "posting/EmpresaDemo.h"
 #include "posting/forms/Form1.h"
 #include "posting/forms/MenusMantenimiento.h"
+#include "posting/forms/MenusPlantillas.h"
 #include "reports/forms/MenusLibros.h"
 #include "store/Arranque.h"
 #include "store/CargarEmp.h"
@@ -114,6 +115,7 @@ int main(int argc, char** argv) {
     Form1 tablero(s, a, d);
     ConectarCuentas(tablero, s, a, d);
     ConectarMantenimiento(tablero, s, a, d);
+    ConectarPlantillas(tablero, s, a, d);
     ConectarLibros(tablero, s, a, d);
     ConectarLibrosIva(tablero, s, a, d);
     ConectarModelos(tablero, s, a, d);
