@@ -110,6 +110,7 @@ const QList<Entrada>& tabla() {
         {Accion::PaginaSiguiente, QStyle::SP_MediaSeekForward, {}, "Página siguiente"},
         {Accion::UltimaPagina, QStyle::SP_MediaSkipForward, {}, "Última página"},
         {Accion::Calendario, QStyle::SP_CustomBase, desplegar, "Calendario"},
+        {Accion::Nuevo, QStyle::SP_FileDialogNewFolder, {}, "Nuevo"},
     };
     return t;
 }

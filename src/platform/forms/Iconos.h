@@ -44,6 +44,7 @@ enum class Accion {
     PaginaSiguiente,
     UltimaPagina,
     Calendario,
+    Nuevo,
 };
 
 QIcon IconoDe(Accion a);

@@ -73,11 +73,14 @@ QAction* VentanaLibro::boton(int indice) const {
     return indice > 0 && indice < botones_.size() ? botones_.at(indice) : nullptr;
 }
 
-QAction* VentanaLibro::nuevaAccion(const QString& nombre, const QString& texto, Accion dibujo,
-                                   std::function<void()> hacer) {
+QAction* VentanaLibro::nuevaAccion(const QString& nombre, const QString& texto,
+                                   std::optional<Accion> dibujo, std::function<void()> hacer) {
     auto* a = new QAction(texto, this);
     a->setObjectName(nombre);
-    PonerIcono(a, dibujo);
+    // Without a picture it goes in the menus only, under its own name.
+    a->setToolTip(QString(texto).remove(u'&'));
+    if (dibujo)
+        PonerIcono(a, *dibujo);
     connect(a, &QAction::triggered, this, [hacer = std::move(hacer)] { hacer(); });
     return a;
 }

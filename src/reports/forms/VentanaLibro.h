@@ -27,6 +27,7 @@
 #include <QMainWindow>
 #include <QPair>
 #include <functional>
+#include <optional>
 
 class Ajustes;
 class QAction;
@@ -70,7 +71,7 @@ public Q_SLOTS:
 
 protected:
     // A named action of the window; its text without "&" is its tooltip.
-    QAction* nuevaAccion(const QString& nombre, const QString& texto, Accion dibujo,
+    QAction* nuevaAccion(const QString& nombre, const QString& texto, std::optional<Accion> dibujo,
                          std::function<void()> hacer);
     QAction* accionCerrar() const { return cerrar_; }
     QAction* accionCopiar() const { return copiar_; }
