@@ -94,8 +94,9 @@ public:
                 // A list takes drops on its viewport, which has no name of its own.
                 pasados << (w->objectName().startsWith("qt_") ? w->parentWidget()->objectName()
                                                               : w->objectName());
-                if (pasos[i].hasta)
+                if (pasos[i].hasta) {
                     EXPECT_TRUE(QTest::qWaitFor(pasos[i].hasta, 600000));
+                }
                 if (i == pasos.size() - 1) {
                     QDropEvent soltar(QPointF(local), Qt::MoveAction, d.mimeData(), Qt::LeftButton,
                                       Qt::NoModifier);

@@ -27,6 +27,10 @@
 #include "store/forms/Form22.h"
 #include "store/forms/Form43.h"
 #include "store/forms/Form75.h"
+#include "tax/forms/Form25.h"
+#include "tax/forms/Form92.h"
+#include "tax/forms/Form94.h"
+#include "tax/forms/Form96.h"
 
 #include <QAction>
 #include <QApplication>
@@ -176,6 +180,22 @@ const DialogoProbado Dialogos[] = {
     {"Form78",
      [](Entorno& e) {
          return new Form78(e.sesion, *e.ajustes, e.dialogo);
+     }},
+    {"Form25",
+     [](Entorno& e) {
+         return new Form25(e.sesion, *e.ajustes, e.dialogo, LibroIva::Recibidas);
+     }},
+    {"Form92",
+     [](Entorno& e) {
+         return new Form92(e.sesion, *e.ajustes, e.dialogo, "303");
+     }},
+    {"Form94",
+     [](Entorno& e) {
+         return new Form94(e.sesion, *e.ajustes, e.dialogo);
+     }},
+    {"Form96",
+     [](Entorno& e) {
+         return new Form96(e.sesion, *e.ajustes, e.dialogo);
      }},
 };
 
