@@ -10,6 +10,7 @@
 #include "posting/EmpresaDemo.h"
 #include "posting/forms/Form1.h"
 #include "posting/forms/MenusMantenimiento.h"
+#include "posting/forms/MenusVencimientos.h"
 #include "reports/forms/MenusLibros.h"
 #include "store/Arranque.h"
 #include "store/CargarEmp.h"
@@ -112,6 +113,7 @@ int main(int argc, char** argv) {
     ConectarCuentas(tablero, s, a, d);
     ConectarMantenimiento(tablero, s, a, d);
     ConectarLibros(tablero, s, a, d);
+    ConectarVencimientos(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();

@@ -16,6 +16,7 @@
 #include "reports/OpcionesLibro.h"
 
 #include <QDate>
+#include <QPageLayout>
 #include <functional>
 
 class ContextoCli;
@@ -37,6 +38,7 @@ struct LibroCli {
     QString titulo;                   // of the PDF
     std::function<Rejilla()> rejilla; // the list window's grid, filled
     DibujoLibro dibujo;               // the printed book
+    QPageLayout::Orientation orientacion = QPageLayout::Portrait;
 };
 
 // --formato txt|csv|xlsx|pdf (txt by default) and --salida FICHERO (txt and csv go to standard

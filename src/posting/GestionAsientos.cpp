@@ -41,7 +41,8 @@ QStringList cabecerasF7() {
     return {QStringLiteral("Cuenta"),    QStringLiteral("Concepto"),  QStringLiteral("Debe"),
             QStringLiteral("Haber"),     QStringLiteral("NCuenta"),   QStringLiteral("IdIVA"),
             QStringLiteral("Documento"), QStringLiteral("CasacionN"), QStringLiteral("CasacionH"),
-            QStringLiteral("Sector"),    QStringLiteral("Cas."),      QStringLiteral("Punteo")};
+            QStringLiteral("Sector"),    QStringLiteral("Cas."),      QStringLiteral("Punteo"),
+            QStringLiteral("Venc.")};
 }
 
 } // namespace

@@ -36,7 +36,8 @@ enum : int {
     Sector = 9,    //
     Imagen = 10,   // reconciliation picture
     Punteo = 11,   // ticking mark (-1/0), kept through a rewrite; hidden
-    Total = 12
+    Venc = 12,     // due-date button: "..." on a line with a subaccount
+    Total = 13
 };
 }
 

@@ -35,6 +35,7 @@ constexpr DatosCampo Tabla[] = {
     {Campo::NombreConcepto, "Concepto predefinido", 40},
     {Campo::NombrePeriodico, "Nombre del asiento periódico", 30},
     {Campo::Usuario, "Usuario", 13},
+    {Campo::Remesa, "Remesa", 20},
 };
 
 const DatosCampo& datos(Campo campo) {

@@ -30,6 +30,7 @@ enum class Campo {
     NombreConcepto,  // Conceptos.Nombre (it becomes a line's Concepto)
     NombrePeriodico, // Periodicos.Nombre
     Usuario,         // Usuarios.Usuario
+    Remesa,          // Vencimientos.Remesa
 };
 
 // Most characters the field holds.
