@@ -13,14 +13,15 @@ struct Nominal {
 };
 
 // The room each column needs at the usual sizes, in twips; together 15,600, the width of a
-// landscape A4 page within its margins.
+// landscape A4 page within its margins. Dates are never cut: a printer's narrower page may leave
+// them less room than they take.
 constexpr Nominal Nominales[] = {
-    {"Fecha", ColV::FechaV, 950, false},         {"Tipo", ColV::Tipo, 650, false},
-    {"Forma", ColV::Forma, 1150, false},         {"Subcuenta", ColV::Subcuenta, 2250, false},
-    {"Concepto", ColV::Concepto, 2500, false},   {"Caja/Banco", ColV::CajaBanco, 1650, false},
+    {"Fecha", ColV::FechaV, 1050, false},        {"Tipo", ColV::Tipo, 650, false},
+    {"Forma", ColV::Forma, 1150, false},         {"Subcuenta", ColV::Subcuenta, 2200, false},
+    {"Concepto", ColV::Concepto, 2450, false},   {"Caja/Banco", ColV::CajaBanco, 1600, false},
     {"Importe", ColV::Importe, 1450, true},      {"Situación", ColV::Situacion, 1150, false},
-    {"Documento", ColV::Documento, 1150, false}, {"Remesa", ColV::Remesa, 850, false},
-    {"Sector", ColV::Sector, 900, false},        {"Emisión", ColV::FechaE, 950, false},
+    {"Documento", ColV::Documento, 1150, false}, {"Remesa", ColV::Remesa, 800, false},
+    {"Sector", ColV::Sector, 900, false},        {"Emisión", ColV::FechaE, 1050, false},
 };
 
 // A figure stands this far from the start of the next column.
@@ -37,10 +38,11 @@ QList<ColumnaLibro> ColumnasLibroVenc(double x0, double R) {
     double x = x0;
     for (const Nominal& n : Nominales) {
         const double ancho = n.ancho * escala;
+        const bool fecha = n.columna == ColV::FechaV || n.columna == ColV::FechaE;
         if (n.aDerecha)
             c << ColumnaLibro{QString::fromUtf8(n.titulo), x + ancho - HuecoImporte, true, ancho};
         else
-            c << ColumnaLibro{QString::fromUtf8(n.titulo), x, false, ancho};
+            c << ColumnaLibro{QString::fromUtf8(n.titulo), x, false, fecha ? 0.0 : ancho};
         x += ancho;
     }
     return c;

@@ -592,6 +592,11 @@ TEST_F(Vencimientos, ListaImpresa) {
     }
     EXPECT_EQ(filasImpresas, 60);
 
+    // A printer's page, narrower than the sheet, still has whole dates.
+    ImpresoraGrabadora impresora(QSizeF(14000, 11300));
+    ImpresionVenc(r, "Pruebas SL", op).Dibujar(impresora);
+    EXPECT_TRUE(impresora.buscar("10/03/2026")) << impresora.volcado().toStdString();
+
     // An empty list prints nothing at all.
     Rejilla vacia = RejillaVencimientos();
     ImpresoraGrabadora nada(PaginaVencimientos);

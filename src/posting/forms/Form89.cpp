@@ -587,10 +587,13 @@ void Form89::guardarAjustes() {
 }
 
 void Form89::mostrarLista() {
-    if (MSFlexGrid1->rejilla() == &g_.Lista)
+    // The widths fit the first rows shown; later fills keep what the user made of them.
+    if (anchosAjustados_) {
         MSFlexGrid1->actualizar();
-    else
+    } else {
         MSFlexGrid1->mostrar(&g_.Lista);
+        anchosAjustados_ = g_.Lista.Filas() > 0;
+    }
     LabelTotal->setText(Formato(g_.Total, QStringLiteral("standard")));
     Color();
 }

@@ -126,4 +126,5 @@ private:
     VistaRejilla* vista_;
     QDate hoy_;
     bool cargando_ = false;
+    bool anchosAjustados_ = false;
 };
