@@ -268,7 +268,11 @@ bool GestionVencimientos::Ver(const FiltrosVenc& filtros, const QDate& hoy,
 }
 
 void GestionVencimientos::LlenarVenc(const QDate& hoy, const Progreso& progreso) {
-    Total = ::LlenarVenc(s_, Filtros, hoy, Lista, progreso);
+    // The fill yields to events, when the screen may paint the list it shows: the new rows
+    // take its place only once they are all read.
+    Rejilla nueva = RejillaVencimientos();
+    Total = ::LlenarVenc(s_, Filtros, hoy, nueva, progreso);
+    Lista = std::move(nueva);
 }
 
 int GestionVencimientos::EliminarVenc(int meses, const QDate& hoy) {

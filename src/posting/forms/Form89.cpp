@@ -403,8 +403,6 @@ Form89::Form89(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
         break;
     }
     g_.Filtros = FiltrosPantalla();
-    g_.Filtros.PorSituacion = g_.Filtros.PorFecha = g_.Filtros.PorForma = false;
-    g_.Filtros.PorRemesa = g_.Filtros.PorSubcuenta = false;
     cargando_ = false;
     desdeLogica();
 
@@ -466,7 +464,10 @@ Form89::Form89(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Date1->setFocus();
 }
 
-Form89::~Form89() = default;
+Form89::~Form89() {
+    // The table's model reads the list, which goes with the members, before the table does.
+    MSFlexGrid1->mostrar(nullptr);
+}
 
 Form89* Form89::Abierto() {
     return abierto.data();
