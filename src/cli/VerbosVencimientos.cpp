@@ -234,6 +234,7 @@ int purgar(ContextoCli& c) {
 const QString Situaciones = QStringLiteral(
     "Sin formalizar, Pendiente, Cobrado, Pagado, Devuelto, Reclamado, Moroso, En Gestión, "
     "Fallido");
+// Ends with the point of "Cargo cta.", so no other point follows it.
 const QString Formas =
     QStringLiteral("Efecto, Pagaré, Cheque, Efectivo, Transferencia, Tarjeta, Cargo cta.");
 
@@ -251,7 +252,7 @@ const AltaVerbo altaVencimientos{
          "--tipo todos el total suma los cobros y resta los pagos. En txt sin --salida, la\n"
          "última línea es el Total Importe. La columna IdVenc identifica cada vencimiento.\n"
          "Situaciones: ") +
-         Situaciones + QStringLiteral(".\nFormas: ") + Formas + QStringLiteral(".\n\n") +
+         Situaciones + QStringLiteral(".\nFormas: ") + Formas + QStringLiteral("\n\n") +
          AyudaSalidaLibro,
      {QStringLiteral("vencidos")},
      vencimientos}};
@@ -269,7 +270,7 @@ const AltaVerbo altaAnadir{
          "--caja es la subcuenta de Caja o Banco (área 1) por donde se cobrará o pagará. La\n"
          "situación es Pendiente si no se indica. Muestra el IdVenc del vencimiento.\n"
          "Situaciones: ") +
-         Situaciones + QStringLiteral(".\nFormas: ") + Formas + QStringLiteral("."),
+         Situaciones + QStringLiteral(".\nFormas: ") + Formas,
      {},
      anadir}};
 
