@@ -14,6 +14,8 @@
 #include "posting/forms/Form4.h"
 #include "posting/forms/Form45.h"
 #include "posting/forms/Form7.h"
+#include "posting/forms/Form89.h"
+#include "posting/forms/MenusVencimientos.h"
 #include "posting/forms/TableroAreas.h"
 #include "reports/forms/Form10.h"
 #include "reports/forms/Form11.h"
@@ -296,6 +298,21 @@ TEST(Escritorio, ElAsientoNoTapaLasAreasDeArriba) {
         << sitio.height() << " min " << f->minimumSizeHint().width() << "x"
         << f->minimumSizeHint().height();
     delete f.data();
+
+    // The due dates, opened from the menu, go below them too, or, being taller than the room
+    // left there, as low as the screen allows.
+    ConectarVencimientos(tablero, e.sesion, *e.ajustes, e.dialogo);
+    tablero.accion("mnuVencimientos")->trigger();
+    QPointer<Form89> v = Form89::Abierto();
+    ASSERT_TRUE(v);
+    QApplication::processEvents();
+    const QRect venc = v->frameGeometry();
+    EXPECT_GE(venc.top(), qMin(abajo + 1, pantalla.bottom() + 1 - venc.height()))
+        << venc.top() << " " << venc.height();
+    EXPECT_LE(venc.bottom(), pantalla.bottom());
+    EXPECT_LE(v->minimumSizeHint().width(), 1024);
+    EXPECT_LE(v->minimumSizeHint().height(), 768 - 40);
+    delete v.data();
 }
 
 } // namespace
