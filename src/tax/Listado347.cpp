@@ -244,9 +244,11 @@ void DibujarBorrador347(Impresora& imp, const Modelo347& m, const QString& fuent
     if (!tipo.isEmpty())
         b.Texto(QStringLiteral("Declaración ") + tipo.join(QStringLiteral(", ")));
     b.Pares({{QStringLiteral("Número total de declarados"), m.numDeclarados},
-             {QStringLiteral("Importe de las operaciones"), TextoCasilla(m.totalDeclarados)}});
+             {QStringLiteral("Importe de las operaciones de los declarados"),
+              TextoCasilla(m.totalDeclarados)}});
     b.Pares({{QStringLiteral("Número total de inmuebles"), m.numInmuebles},
-             {QStringLiteral("Importe de las operaciones"), TextoCasilla(m.totalInmuebles)}});
+             {QStringLiteral("Importe de las operaciones de los inmuebles"),
+              TextoCasilla(m.totalInmuebles)}});
 
     b.Seccion(QStringLiteral("Declarados"),
               {{QStringLiteral("NIF"), 0, 1300},
@@ -262,13 +264,14 @@ void DibujarBorrador347(Impresora& imp, const Modelo347& m, const QString& fuent
     b.Cierre({{QStringLiteral("Total declarados: "), QString::number(m.declarados.size())},
               {QStringLiteral("Total importes: "), Formato(SumaDeclarados(m), Standard)}});
 
+    // Within the width of a landscape Letter page too, the narrowest a printer may offer.
     b.Seccion(QStringLiteral("Inmuebles"), {{QStringLiteral("NIF"), 0, 1300},
-                                            {QStringLiteral("Nombre"), 1400, 3300},
-                                            {QStringLiteral("Importe"), 6900, 2100, true},
-                                            {QStringLiteral("Referencia catastral"), 7100, 2500},
-                                            {QStringLiteral("Municipio"), 9700, 2200},
-                                            {QStringLiteral("Vía pública"), 12000, 2200},
-                                            {QStringLiteral("Nº"), 14300, 500}});
+                                            {QStringLiteral("Nombre"), 1400, 3000},
+                                            {QStringLiteral("Importe"), 6000, 1500, true},
+                                            {QStringLiteral("Referencia catastral"), 6200, 2500},
+                                            {QStringLiteral("Municipio"), 8800, 1800},
+                                            {QStringLiteral("Vía pública"), 10700, 2500},
+                                            {QStringLiteral("Nº"), 13300, 500}});
     for (const Inmueble347& i : m.inmuebles)
         b.Fila({i.nif, i.nombre, TextoCasilla(i.importe), i.referencia, i.municipio, Via(i),
                 i.numero});

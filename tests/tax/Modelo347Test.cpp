@@ -406,8 +406,9 @@ TEST(Comprobar347, InmueblesYSuArrendadorDeclarado) {
         ASSERT_TRUE(f) << mensaje.toStdString();
         EXPECT_EQ(f->mensaje, mensaje);
         EXPECT_EQ(f->campo, campo);
-        if (f->hoja == Hoja347::Inmuebles)
+        if (f->hoja == Hoja347::Inmuebles) {
             EXPECT_EQ(f->indice, 0);
+        }
     }
 }
 
