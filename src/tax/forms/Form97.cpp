@@ -337,10 +337,12 @@ void Form97::escribir(QWidget* w) {
                 u.hoja == Hoja347::Inmuebles ? m_.inmuebles.size() : m_.declarados.size();
             const int por = PorHoja(u.hoja);
             IrAHoja(u.hoja, libre / por);
+            activateWindow();
             Enfocar(Campos347(u.hoja).first().nombre + QString::number(libre % por + 1));
             return;
         }
         ponerTexto(w, LeerCampo347(m_, u.hoja, indice(u), u.campo));
+        activateWindow();
         w->setFocus();
         if (auto* l = qobject_cast<QLineEdit*>(w))
             l->selectAll();
@@ -433,6 +435,9 @@ void Form97::Anterior() {
 }
 
 void Form97::EnfocarFallo(const Fallo347& f) {
+    // The message box that told the failure may leave this window inactive, and a box focused
+    // in an inactive window would not write back what is typed in it when left.
+    activateWindow();
     if (f.hoja == Hoja347::Resumen || f.indice < 0) {
         IrAHoja(Hoja347::Resumen);
         Enfocar(f.campo);
