@@ -26,6 +26,8 @@
 #include "store/forms/Form44.h"
 #include "tax/forms/MenusLibrosIva.h"
 #include "tax/forms/MenusModelos.h"
+#include "yearend/Adaptacion.h"
+#include "yearend/forms/MenusAdaptacion.h"
 
 #include <QApplication>
 #include <QDir>
@@ -56,6 +58,7 @@ int main(int argc, char** argv) {
     QDir().mkpath(s.AppPath);
     Ajustes a(s.AppPath);
     DialogoVentanas d;
+    InstalarAdaptacionPlan();
 
     // The splash: screen font, one copy of the program per installation, where the data are.
     s.NombreLetra = a.leer(QStringLiteral("Valores"), QStringLiteral("NLetra"));
@@ -132,6 +135,7 @@ int main(int argc, char** argv) {
     ConectarModelos(tablero, s, a, d);
     ConectarInventario(tablero, s, a, d);
     ConectarVencimientos(tablero, s, a, d);
+    ConectarAdaptacion(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();

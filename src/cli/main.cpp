@@ -9,6 +9,7 @@
 #include "store/Instalacion.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
+#include "yearend/Adaptacion.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -124,6 +125,7 @@ int main(int argc, char** argv) {
     const bool si = std::any_of(valores.begin(), valores.end(),
                                 [](const auto& p) { return p.first == QLatin1String("si"); });
     DialogoConsola dialogo(si);
+    InstalarAdaptacionPlan();
     try {
         QDir().mkpath(sesion.AppPath);
         Ajustes ajustes(sesion.AppPath);
