@@ -239,13 +239,19 @@ void InstalarAdaptacionPlan() {
     AdaptacionPlan() = [](Sesion& s, Dialogo& d, int anoAnterior) {
         if (s.AnoActual < 2008)
             return;
-        if (anoAnterior != 0) {
-            // A new exercise: only one made from an exercise of the old chart.
-            if (anoAnterior < 2008)
-                AdaptarPlan(s, d);
-            return;
+        // A failure leaves the exercise as it was (made or chosen all the same) and is told;
+        // the next time it is chosen the question comes again.
+        try {
+            if (anoAnterior != 0) {
+                // A new exercise: only one made from an exercise of the old chart.
+                if (anoAnterior < 2008)
+                    AdaptarPlan(s, d);
+                return;
+            }
+            if (!PlanAdaptado(s))
+                AdaptarPlanPreguntando(s, d);
+        } catch (const ErrorQuilmar& e) {
+            d.Informar(e.mensaje());
         }
-        if (!PlanAdaptado(s))
-            AdaptarPlanPreguntando(s, d);
     };
 }
