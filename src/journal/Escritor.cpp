@@ -1,6 +1,7 @@
 #include "journal/Escritor.h"
 
 #include "platform/Almacen.h"
+#include "store/Campos.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
@@ -39,7 +40,31 @@ void sumarMayor(Conexion& c, const QString& ncuenta, double debe, double haber) 
         {ncuenta, debe, haber});
 }
 
+void importeAdmitido(double v) {
+    if (!ImporteAdmitido(v))
+        throw ErrorAsiento(MsgValorNoValido(v));
+}
+
 } // namespace
+
+void ComprobarApunte(const Apunte& a) {
+    importeAdmitido(a.Debe);
+    importeAdmitido(a.Haber);
+    // The description is cut to its size when written, as it always was; it only may not carry
+    // control characters.
+    if (TieneControles(a.Concepto))
+        TextoCampo(Campo::Concepto, a.Concepto);
+    TextoCampo(Campo::Documento, a.Documento);
+    TextoCampo(Campo::Sector, a.Sector);
+    if (a.Iva) {
+        importeAdmitido(a.Iva->Base);
+        importeAdmitido(a.Iva->Cuota);
+        importeAdmitido(a.Iva->Retencion);
+        if (!std::isfinite(a.Iva->Porcentaje))
+            throw ErrorAsiento(MsgValorNoValido(a.Iva->Porcentaje));
+        TextoCampo(Campo::NFactura, a.Iva->Factura);
+    }
+}
 
 long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apunte>& apuntes,
                      const OpcionesEscritura& o) {
@@ -60,6 +85,10 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
     if (o.comprobarFecha && s.FechaIniEj.isValid() &&
         (fecha < s.FechaIniEj || fecha > s.FechaFinEj))
         throw ErrorAsiento(QStringLiteral("La fecha introducida no pertenece al año de trabajo."));
+    // The last defence of the books: whatever path brought them, no line stores an amount that
+    // is not a number or beyond the maximum, nor a control character.
+    for (const Apunte& a : apuntes)
+        ComprobarApunte(a);
     for (const Apunte& a : o.comprobarCuentas ? apuntes : QList<Apunte>{}) {
         QSqlQuery& q = c.preparada(QStringLiteral("SELECT 1 FROM Cuentas WHERE NCuenta = ?"),
                                    {a.NCuenta.trimmed()});

@@ -69,11 +69,17 @@ public:
 
 extern const QString MsgEjercicioCerrado;
 
-// Writes an entry and returns its number. Refuses a closed exercise, a date outside it and an
-// unknown subaccount (ErrorAsiento); store failures throw ErrorAlmacen. Nothing is left written
-// on failure. The session's UltimoAsiento follows the number drawn, even when no line has an
-// amount to write: such an entry leaves no row, yet the number rises as it always did, and the
-// next entry takes the same number from the journal.
+// What the writer refuses in any line, whoever gives it: an amount (debit, credit, VAT base,
+// quota, withholding) that is not a finite number within ImporteMaximo, a control character in a
+// text, a document, sector or invoice number longer than its field. Throws Rechazo with the
+// message of the amount or of the field.
+void ComprobarApunte(const Apunte& a);
+
+// Writes an entry and returns its number. Refuses a closed exercise, a date outside it, an
+// unknown subaccount (ErrorAsiento) and a line that ComprobarApunte refuses; store failures throw
+// ErrorAlmacen. Nothing is left written on failure. The session's UltimoAsiento follows the number
+// drawn, even when no line has an amount to write: such an entry leaves no row, yet the number
+// rises as it always did, and the next entry takes the same number from the journal.
 long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apunte>& apuntes,
                      const OpcionesEscritura& opciones = {});
 

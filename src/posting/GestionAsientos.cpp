@@ -4,6 +4,8 @@
 #include "journal/EjercicioAbierto.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
+#include "platform/Errores.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"
@@ -373,7 +375,22 @@ ResultadoF7 GestionAsientos::Pulsar() {
             r.foco = ResultadoF7::Foco::Area;
             return r;
         }
-        const double debe = ValorImporte(Debe), haber = ValorImporte(Haber);
+        // Each amount rounded to the cent as it will be written; an empty field is 0.
+        const std::optional<double> leidoDebe = Debe.trimmed().isEmpty() ? 0.0 : LeerImporte(Debe);
+        const std::optional<double> leidoHaber =
+            Haber.trimmed().isEmpty() ? 0.0 : LeerImporte(Haber);
+        if (!leidoDebe || !leidoHaber) {
+            d_.Informar(MsgImporteNoValido(!leidoDebe ? Debe : Haber));
+            return r;
+        }
+        try {
+            TextoCampo(Campo::Concepto, Concepto.left(TamanoCampo(Campo::Concepto)));
+            TextoCampo(Campo::Documento, Documento);
+        } catch (const Rechazo& e) {
+            d_.Informar(e.mensaje());
+            return r;
+        }
+        const double debe = *leidoDebe, haber = *leidoHaber;
         if (debe == 0 && haber == 0) {
             d_.Informar(
                 QStringLiteral("Tiene que introducir el importe, bien en el DEBE o en el HABER."));
@@ -385,6 +402,8 @@ ResultadoF7 GestionAsientos::Pulsar() {
             return r;
         }
         // The selected row is the one replaced; its VAT key and reconciliation marks stay.
+        Debe = importe(debe);
+        Haber = importe(haber);
         if (Caption == CaptionModificar && FilaSeleccionada >= 1 &&
             FilaSeleccionada <= Rejilla.ultima())
             camposAFila(FilaSeleccionada);

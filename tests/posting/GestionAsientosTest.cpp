@@ -5,7 +5,9 @@
 #include "posting/GestionAsientos.h"
 #include "ComunAsientos.h"
 #include "posting/EstadoTablero.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
+#include "store/Rutinas.h"
 
 #include <QBrush>
 #include <QColor>
@@ -131,6 +133,18 @@ TEST_F(Gestion, ElegirLineasYSusAvisos) {
     EXPECT_EQ(anadir("1", Caja, "5", "5").tipo, Tipo::Aviso);
     EXPECT_EQ(e.dialogo.informados.last(),
               "El importe hay que introducirlo sólo en el DEBE o en el HABER.");
+    // An amount is rounded to the cent before it is judged, and must be one the books hold.
+    EXPECT_EQ(anadir("1", Caja, "0,004", "").tipo, Tipo::Aviso);
+    EXPECT_EQ(e.dialogo.informados.last(),
+              "Tiene que introducir el importe, bien en el DEBE o en el HABER.");
+    for (const char* malo : {"1e308", "inf", "-1000000000000"}) {
+        EXPECT_EQ(anadir("1", Caja, "", malo).tipo, Tipo::Aviso) << malo;
+        EXPECT_EQ(e.dialogo.informados.last(), MsgImporteNoValido(malo));
+    }
+    k.Documento = "A\tB";
+    EXPECT_EQ(anadir("1", Caja, "5", "").tipo, Tipo::Aviso);
+    EXPECT_EQ(e.dialogo.informados.last(), MsgControles("Documento"));
+    k.Documento.clear();
     EXPECT_EQ(k.Rejilla.ultima(), 3) << "nothing added";
     EXPECT_FALSE(k.LineasCambiadas);
 
