@@ -153,14 +153,14 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
                 !a.Punteo)
                 c.preparada(insertarSimple,
                             {static_cast<qlonglong>(nas), fechaIso, static_cast<qlonglong>(nap),
-                             a.Concepto.left(40).trimmed(), ncuenta, a.Sector.trimmed(),
-                             a.Documento.trimmed(), debe, haber});
+                             a.Concepto.left(TamanoCampo(Campo::Concepto)).trimmed(), ncuenta,
+                             a.Sector.trimmed(), a.Documento.trimmed(), debe, haber});
             else
                 c.preparada(insertar,
                             {static_cast<qlonglong>(nas), fechaIso, static_cast<qlonglong>(nap),
-                             a.Concepto.left(40).trimmed(), ncuenta, a.CasacionN, a.CasacionH,
-                             a.Sector.trimmed(), ids.at(i), a.Documento.trimmed(), debe, haber,
-                             o.Clase, a.Punteo ? -1 : 0});
+                             a.Concepto.left(TamanoCampo(Campo::Concepto)).trimmed(), ncuenta,
+                             a.CasacionN, a.CasacionH, a.Sector.trimmed(), ids.at(i),
+                             a.Documento.trimmed(), debe, haber, o.Clase, a.Punteo ? -1 : 0});
             if (o.mayorPendiente && !t) {
                 auto& [d, h] = (*o.mayorPendiente)[ncuenta];
                 d += debe;

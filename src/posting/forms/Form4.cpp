@@ -491,7 +491,7 @@ bool Form4::eventFilter(QObject* objeto, QEvent* evento) {
         if (numero) {
             const QString nombre = ConceptoDeCodigo(s_, Combo1->currentText());
             if (!nombre.isEmpty()) {
-                Combo1->setEditText(nombre.left(40));
+                Combo1->setEditText(nombre.left(TamanoCampo(Campo::Concepto)));
                 Combo1->lineEdit()->setCursorPosition(Combo1->currentText().size());
                 return true;
             }
