@@ -113,7 +113,7 @@ public:
                       .arg(campos.size())
                       .arg(columnas_));
         for (int k = 0; k < NCol; ++k)
-            if (pos_[k] >= 0 && TieneControles(campos.at(pos_[k])))
+            if (pos_[k] >= 0 && pos_[k] < campos.size() && TieneControles(campos.at(pos_[k])))
                 fallo(numero, MsgControles(etiqueta(k)));
     }
 
