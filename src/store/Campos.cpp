@@ -42,6 +42,7 @@ constexpr DatosCampo Tabla[] = {
     {Campo::Localizacion, "Localización", 30},
     {Campo::Ciudad, "Ciudad", 30},
     {Campo::CPostalEmpresa, "Código Postal", 5},
+    {Campo::Remesa, "Remesa", 20},
 };
 
 const DatosCampo& datos(Campo campo) {

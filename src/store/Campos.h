@@ -37,6 +37,7 @@ enum class Campo {
     Localizacion,    // Centros.Localizacion
     Ciudad,          // Empresa.Ciudad
     CPostalEmpresa,  // Empresa.CPostal: five digits
+    Remesa,          // Vencimientos.Remesa
 };
 
 // Most characters the field holds.
