@@ -122,8 +122,8 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
     }
 
     // 2. The number, drawn under the write lock so that two users never share it.
-    long nas = o.numero;
-    if (nas <= 0) {
+    long nas = o.numero.value_or(0);
+    if (!o.numero) {
         QSqlQuery& q = c.preparada(QStringLiteral("SELECT MAX(NAs) AS NN FROM Diario"));
         const double max = q.next() && !q.value(0).isNull() ? q.value(0).toDouble() : 0.0;
         const float siguiente = static_cast<float>(max + 1.0);

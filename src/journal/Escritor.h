@@ -47,8 +47,10 @@ enum class PasadaImportes { SoloPositivos, NoCero };
 
 struct OpcionesEscritura {
     PasadaImportes pasada = PasadaImportes::SoloPositivos;
-    long numero = 0; // 0: a new number, MAX(NAs) + 1; otherwise this number (rewriting)
-    QString Clase;   // "R", "F", "I" for the year close; empty on ordinary entries
+    // Empty: a new number, MAX(NAs) + 1; otherwise this number (rewriting), 0 included, since an
+    // entry can be renumbered to 0.
+    std::optional<long> numero;
+    QString Clase; // "R", "F", "I" for the year close; empty on ordinary entries
     bool comprobarFecha = true;
     // False when the caller has already checked every subaccount against the chart.
     bool comprobarCuentas = true;

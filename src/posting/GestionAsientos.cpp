@@ -456,7 +456,8 @@ ResultadoF7 GestionAsientos::Pulsar() {
     try {
         Conexion c = AbrirDatos(s_);
         r.numero =
-            ReescribirAsiento(c, s_, EsNuevo ? 0 : NumeroAsiento, fecha, apuntes(), ClaseAsiento);
+            ReescribirAsiento(c, s_, EsNuevo ? std::nullopt : std::optional<long>(NumeroAsiento),
+                              fecha, apuntes(), ClaseAsiento);
     } catch (const ErrorQuilmar& e) {
         Iva.vaciar();
         d_.Informar(e.mensaje());
@@ -550,7 +551,7 @@ QList<Apunte> GestionAsientos::apuntes() const {
 }
 
 bool GestionAsientos::EliminarAsiento() {
-    if (EsNuevo || NumeroAsiento <= 0)
+    if (EsNuevo || NumeroAsiento < 0)
         return false;
     if (!EjercicioAbierto(s_, d_))
         return false;
@@ -680,12 +681,12 @@ int CambiarFechaAsiento(Conexion& c, Dialogo& d, long nas, const QDate& fecha,
     return filas;
 }
 
-long ReescribirAsiento(Conexion& c, Sesion& s, long nas, const QDate& fecha,
+long ReescribirAsiento(Conexion& c, Sesion& s, std::optional<long> nas, const QDate& fecha,
                        const QList<Apunte>& lineas, const QString& clase) {
     const float antes = s.UltimoAsiento;
     try {
         Transaccion t(c);
-        if (nas > 0 && !ElimAsiento(c, s, nas))
+        if (nas && !ElimAsiento(c, s, *nas))
             throw Rechazo(QStringLiteral("No se pudo hacer la modificación."));
         OpcionesEscritura o;
         o.numero = nas;

@@ -208,7 +208,7 @@ public:
         }
         try {
             // The write lock is held since the start, so each number follows the last one.
-            opciones_.numero = ultimo_ > 0 ? ultimo_ + 1 : 0;
+            opciones_.numero = ultimo_ > 0 ? std::optional<long>(ultimo_ + 1) : std::nullopt;
             ultimo_ = EscribirAsiento(c_, s_, lineas.first().fecha, apuntes_, opciones_);
             return ultimo_;
         } catch (const Rechazo& r) {
