@@ -195,7 +195,7 @@ bool GestionAsientos::IntroNumero() {
     bool ok = false;
     const long nas = texto.toLong(&ok);
     bool existe = false;
-    if (ok && nas > 0) {
+    if (ok && nas >= 0) {
         Conexion c = AbrirDatos(s_);
         existe = c.existe(QStringLiteral("SELECT 1 FROM Diario WHERE NAs = ?"),
                           {static_cast<qlonglong>(nas)});
