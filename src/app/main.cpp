@@ -10,6 +10,7 @@
 #include "platform/forms/DialogoVentanas.h"
 #include "posting/EmpresaDemo.h"
 #include "posting/forms/Form1.h"
+#include "posting/forms/MenusCaja.h"
 #include "posting/forms/MenusMantenimiento.h"
 #include "posting/forms/MenusPlantillas.h"
 #include "reports/forms/MenusLibros.h"
@@ -120,6 +121,7 @@ int main(int argc, char** argv) {
     ConectarLibrosIva(tablero, s, a, d);
     ConectarModelos(tablero, s, a, d);
     ConectarInventario(tablero, s, a, d);
+    ConectarCajaYPunteo(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();
