@@ -56,9 +56,13 @@ QString sinAcceso(const ErrorQuilmar& e) {
 
 QList<MovimientoCaja> LeerCajaDia(Conexion& c) {
     QList<MovimientoCaja> r;
+    // Outer joins: a row whose subaccount left the chart stays in sight (without its name) until
+    // it is changed or deleted; sending it is refused.
     QSqlQuery q = c.ejecutar(QStringLiteral(
-        "SELECT \"Nº\", Fecha, CP, NCuenta1, NCuenta2, Cuenta1, Cuenta2, Concepto, Importe, "
-        "Documento, Sector FROM ConDelDia ORDER BY Fecha, \"Nº\""));
+        "SELECT D.\"Nº\", D.Fecha, D.CP, D.NCuenta1, D.NCuenta2, C1.Cuenta, C2.Cuenta, "
+        "D.Concepto, D.Importe, D.Documento, D.Sector FROM DelDia D "
+        "LEFT JOIN Cuentas C1 ON C1.NCuenta = D.NCuenta1 "
+        "LEFT JOIN Cuentas C2 ON C2.NCuenta = D.NCuenta2 ORDER BY D.Fecha, D.\"Nº\""));
     while (q.next()) {
         MovimientoCaja m;
         m.Numero = static_cast<long>(q.value(0).toLongLong());
@@ -305,6 +309,9 @@ ResultadoPasar CajaDia::PasarAlDiario(const CriterioPasar& criterio, const Progr
                                             {static_cast<qlonglong>(m.Numero)})
                                      .numRowsAffected();
             if (borradas > 0) {
+                for (const QString& n : {m.NCuenta1, m.NCuenta2})
+                    if (!c.existe(QStringLiteral("SELECT 1 FROM Cuentas WHERE NCuenta = ?"), {n}))
+                        throw Rechazo(QStringLiteral("No existe la subcuenta %1.").arg(n));
                 r.asientos << EscribirAsiento(c, s_, m.Fecha, {a1, a2}, o);
                 if (antesDeConfirmar)
                     antesDeConfirmar(m.Numero);

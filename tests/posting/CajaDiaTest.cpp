@@ -7,6 +7,7 @@
 #include "platform/ImpresoraGrabadora.h"
 #include "posting/ImpresionCajaDia.h"
 #include "store/Conexiones.h"
+#include "store/Rutinas.h"
 
 #include <QSqlQuery>
 #include <csignal>
