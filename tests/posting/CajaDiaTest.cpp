@@ -56,7 +56,7 @@ TEST_F(CajaDelDia, CobroYPagoEscribenLaCuentaDeTrabajoPrimero) {
     anadir(mov(true, "50"));
     anadir(mov(false, "30,25", "Compra de sellos", QDate(2024, 5, 11), Compras));
     e.dialogo.responder({true});
-    const ResultadoPasar r = k.PasarAlDiario({ModoPasar::Todas});
+    const ResultadoPasar r = k.PasarAlDiario({ModoPasar::Todas, {}, {}, {}});
     ASSERT_EQ(r.pasados, 2) << e.dialogo.informados.join('|').toStdString();
     EXPECT_EQ(e.dialogo.preguntas,
               QStringList({"Está seguro de que desea traspasar al Diario todos los apuntes?"}));
@@ -137,7 +137,7 @@ TEST_F(CajaDelDia, PunteadasYEntreFechas) {
         anadir(mov(true, QString::number(dia), {}, QDate(2024, 6, dia)));
     // Ticked rows 2, 4 and 5: three entries with consecutive numbers, the rest stay.
     e.dialogo.responder({true});
-    ResultadoPasar r = k.PasarAlDiario({ModoPasar::Punteadas, {2, 4, 5}});
+    ResultadoPasar r = k.PasarAlDiario({ModoPasar::Punteadas, {2, 4, 5}, {}, {}});
     EXPECT_EQ(r.asientos, QList<long>({1, 2, 3}));
     EXPECT_EQ(e.dialogo.preguntas.last(),
               "Está seguro de que desea traspasar al Diario los apuntes que se han punteado?");
@@ -153,7 +153,7 @@ TEST_F(CajaDelDia, PunteadasYEntreFechas) {
                                           "apuntes comprendidos entre las fechas seleccionadas?");
 
     // Answering No, reversed dates or a closed exercise send nothing.
-    r = k.PasarAlDiario({ModoPasar::Todas});
+    r = k.PasarAlDiario({ModoPasar::Todas, {}, {}, {}});
     EXPECT_FALSE(r.empezado);
     e.dialogo.responder({true});
     r = k.PasarAlDiario({ModoPasar::EntreFechas, {}, QDate(2024, 6, 6), QDate(2024, 6, 1)});
@@ -164,7 +164,7 @@ TEST_F(CajaDelDia, PunteadasYEntreFechas) {
         c.ejecutar("UPDATE Empresa SET EjCerrado = -1");
     }
     e.dialogo.responder({true});
-    EXPECT_FALSE(k.PasarAlDiario({ModoPasar::Todas}).empezado);
+    EXPECT_FALSE(k.PasarAlDiario({ModoPasar::Todas, {}, {}, {}}).empezado);
     EXPECT_EQ(e.dialogo.informados.last(), MsgEjercicioCerrado);
     EXPECT_EQ(pad(), QList<long>({1}));
 }
@@ -178,7 +178,7 @@ TEST_F(CajaDelDia, UnFalloDetieneElEnvioSinDuplicarNiPerder) {
         c.ejecutar("UPDATE DelDia SET NCuenta2 = '370999999' WHERE \"Nº\" = 3");
     }
     e.dialogo.responder({true});
-    const ResultadoPasar r = k.PasarAlDiario({ModoPasar::Todas});
+    const ResultadoPasar r = k.PasarAlDiario({ModoPasar::Todas, {}, {}, {}});
     EXPECT_EQ(r.pasados, 2);
     EXPECT_EQ(r.pendientes, 2);
     EXPECT_EQ(r.error, "No existe la subcuenta 370999999.");
@@ -215,7 +215,7 @@ int EnviarYMatar(Entorno& e, int corte, bool dentro) {
         Sesion s = e.sesion;
         CajaDia k(s, d);
         k.PasarAlDiario(
-            {ModoPasar::Todas},
+            {ModoPasar::Todas, {}, {}, {}},
             [&](qint64 hechos, qint64) {
                 if (!dentro && hechos == corte)
                     raise(SIGKILL);
@@ -259,7 +259,7 @@ TEST_F(CajaDelDia, MatarElEnvioDejaCadaMovimientoEnUnSitio) {
 
     // The run resumed sends what is left, with the next number.
     e.dialogo.responder({true});
-    const ResultadoPasar r = k.PasarAlDiario({ModoPasar::Todas});
+    const ResultadoPasar r = k.PasarAlDiario({ModoPasar::Todas, {}, {}, {}});
     EXPECT_EQ(r.pasados, 1);
     ComprobarUnaVez(e, total);
     EXPECT_TRUE(pad().isEmpty());
