@@ -150,7 +150,7 @@ Form86::Form86(Sesion& s, Ajustes& a, Dialogo& d, Form1* tablero, QWidget* padre
     sel_.hasta = s_.FechaFinEj;
     construir();
     crearMenu();
-    resize(1100, 640);
+    resize(1240, 680); // the description keeps room beside the fixed columns
     PrepararVentana(this, a, 86);
     LlenarFlex();
 }
@@ -210,9 +210,9 @@ void Form86::construir() {
     h->setSectionResizeMode(ColF86::Concepto, QHeaderView::Stretch);
     const int ancho = Grid1->fontMetrics().horizontalAdvance(QLatin1Char('0'));
     const QList<std::pair<int, int>> anchos = {
-        {ColF86::NAs, 7},    {ColF86::NAp, 4},      {ColF86::Fecha, 11},     {ColF86::Cuenta, 26},
-        {ColF86::Debe, 13},  {ColF86::Haber, 13},   {ColF86::Documento, 11}, {ColF86::NCuenta, 11},
-        {ColF86::Punteo, 7}, {ColF86::Casacion, 5}, {ColF86::CasacionH, 17}};
+        {ColF86::NAs, 6},    {ColF86::NAp, 4},      {ColF86::Fecha, 11},     {ColF86::Cuenta, 20},
+        {ColF86::Debe, 12},  {ColF86::Haber, 12},   {ColF86::Documento, 10}, {ColF86::NCuenta, 10},
+        {ColF86::Punteo, 6}, {ColF86::Casacion, 5}, {ColF86::CasacionH, 15}};
     for (const auto& [c, n] : anchos)
         Grid1->setColumnWidth(c, n * ancho + 12);
     Grid1->installEventFilter(this);
@@ -238,6 +238,7 @@ void Form86::construir() {
         const QModelIndex i = Grid1->indexAt(p);
         if (i.isValid())
             seleccionarFila(i.row());
+        habilitarMenu();
         mnuContexto->popup(Grid1->viewport()->mapToGlobal(p));
     });
 }
@@ -305,6 +306,21 @@ int Form86::filaActual() const {
 void Form86::seleccionarFila(int fila) {
     Grid1->setCurrentIndex(modelo_->index(fila, ColF86::Concepto));
     Grid1->selectRow(fila);
+    habilitarMenu();
+}
+
+void Form86::habilitarMenu() {
+    // What a line can take depends on whether it is in a group; the views, the verification
+    // and matching every line by document need no line.
+    const LineaPunteo* l = lineaActual();
+    const bool libre = l && !l->EnGrupo();
+    const bool enGrupo = l && l->EnGrupo();
+    accion(QStringLiteral("mnuInicio"))->setEnabled(libre);
+    accion(QStringLiteral("mnuFinal"))->setEnabled(libre);
+    accion(QStringLiteral("mnuDocSel"))->setEnabled(libre && !l->Documento.trimmed().isEmpty());
+    accion(QStringLiteral("mnuAnular"))->setEnabled(enGrupo);
+    accion(QStringLiteral("mnuVerCas"))->setEnabled(enGrupo);
+    accion(QStringLiteral("mnuVerAs"))->setEnabled(l != nullptr);
 }
 
 void Form86::ponerSeleccion(const QString& ncuenta, const QDate& desde, const QDate& hasta) {

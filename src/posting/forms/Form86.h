@@ -107,6 +107,8 @@ protected:
 private:
     void construir();
     void crearMenu();
+    // The line's entries of the context menu enabled by the current line.
+    void habilitarMenu();
     void llenar();
     void mostrarCambios(const QList<LineaPunteo>& cambiadas);
     void mostrarTotales();

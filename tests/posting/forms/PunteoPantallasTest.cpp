@@ -128,8 +128,22 @@ TEST_F(PantallaPunteo, MenuContextualMarcasYVistas) {
 
     // The invoice as start, the 60 and the 40 joined: the pictures follow each step.
     EXPECT_TRUE(celda(f, 0, ColF86::Casacion).data(Qt::DecorationRole).isNull());
+    auto activas = [&] {
+        QStringList r;
+        for (const char* n : {"mnuInicio", "mnuFinal", "mnuDocSel", "mnuAnular", "mnuVerCas",
+                              "mnuVerAs", "mnuDocTodos", "mnuComprobar"})
+            if (f->accion(n)->isEnabled())
+                r << n;
+        return r.join(' ');
+    };
+    f->seleccionarFila(0);
+    EXPECT_EQ(activas(), "mnuInicio mnuFinal mnuVerAs mnuDocTodos mnuComprobar")
+        << "a line without a document can't be matched by it";
     menu(f, 0, "mnuInicio");
     EXPECT_EQ(estado(f, 0), "Inicio");
+    f->seleccionarFila(0);
+    EXPECT_EQ(activas(), "mnuAnular mnuVerCas mnuVerAs mnuDocTodos mnuComprobar")
+        << "a line in a group can only leave it or show it";
     EXPECT_FALSE(celda(f, 0, ColF86::Casacion).data(Qt::DecorationRole).isNull());
     menu(f, 1, "mnuFinal");
     EXPECT_EQ(estado(f, 1), "Casado parcialmente");
