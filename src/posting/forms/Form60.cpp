@@ -247,6 +247,7 @@ void Form60::LlenarLista() {
     for (const Rejilla::Total& t : rejilla_.Totales())
         totales << t.etiqueta + QStringLiteral(": ") + t.valor;
     Label1->setText(totales.join(QStringLiteral("      ")));
+    habilitar();
 }
 
 void Form60::puntear(int fila, bool punteado) {
@@ -303,6 +304,7 @@ void Form60::CargarFila(int fila) {
     m.sector = rejilla_.Celda(fila, ColCaja::Sector);
     ponerCampos(m);
     numero_ = rejilla_.Celda(fila, ColCaja::Numero).toLong();
+    habilitar();
 }
 
 void Form60::limpiar() {
@@ -312,6 +314,21 @@ void Form60::limpiar() {
     Text2->clear();
     Combo5->setCurrentIndex(Combo5->count() - 1);
     TDBN1->setFocus();
+    habilitar();
+}
+
+void Form60::habilitar() {
+    // A movement taken from the list can be changed or deleted while it is still in the pad;
+    // printing and sending need a pad with something in it.
+    bool sigue = false;
+    for (int f = 0; f < rejilla_.Filas() && !sigue; ++f)
+        sigue = rejilla_.Celda(f, ColCaja::Numero).toLong() == numero_;
+    if (!sigue)
+        numero_ = 0;
+    Command2->setEnabled(numero_ > 0);
+    Command3->setEnabled(numero_ > 0);
+    Command4->setEnabled(rejilla_.Filas() > 0);
+    Command5->setEnabled(rejilla_.Filas() > 0);
 }
 
 void Form60::Anadir() {

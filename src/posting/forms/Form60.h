@@ -73,6 +73,8 @@ protected:
 private:
     void construir();
     void limpiar();
+    // The buttons that need a row, or a pad with rows, follow what there is.
+    void habilitar();
 
     Sesion& s_;
     Ajustes& a_;

@@ -232,6 +232,14 @@ TEST_F(PantallaPunteo, CajaDelDiaAnadirPuntearYPasarLasPunteadas) {
     Form60* f = Form60::Abierto();
     ASSERT_TRUE(f);
     EXPECT_EQ(f->windowTitle(), "Quilmar [Caja del día]");
+    auto activos = [&] {
+        QStringList r;
+        for (const char* b : {"Command1", "Command2", "Command3", "Command4", "Command5"})
+            if (Control<QPushButton>(f, b)->isEnabled())
+                r << b;
+        return r.join(' ');
+    };
+    EXPECT_EQ(activos(), "Command1") << "an empty pad can only be added to";
 
     CamposCaja m{QDate(2024, 5, 2), true, Caja, Ventas, {}, {}, {}, {}};
     f->ponerCampos(m);
@@ -252,6 +260,8 @@ TEST_F(PantallaPunteo, CajaDelDiaAnadirPuntearYPasarLasPunteadas) {
     EXPECT_TRUE(grid->isColumnHidden(ColCaja::NCuenta1));
     EXPECT_EQ(Control<QLabel>(f, "Label1")->text(),
               "Cobros: 12,50      Pagos: 3,00      Resultado: 9,50");
+
+    EXPECT_EQ(activos(), "Command1 Command4 Command5") << "no row taken to change or delete";
 
     // Ticking the second row through its box.
     grid->item(1, ColCaja::Punteo)->setCheckState(Qt::Checked);
@@ -280,8 +290,10 @@ TEST_F(PantallaPunteo, CajaDelDiaAnadirPuntearYPasarLasPunteadas) {
     EXPECT_TRUE(f->punteados().isEmpty()) << "the tick left with its row";
 
     // A row to the fields, changed and saved under its number.
+    EXPECT_EQ(activos(), "Command1 Command4 Command5");
     f->CargarFila(0);
     EXPECT_EQ(f->numero(), 1);
+    EXPECT_EQ(activos(), "Command1 Command2 Command3 Command4 Command5");
     EXPECT_EQ(f->campos().ncuenta2, Ventas);
     Escribir(f, "TDBN1", "13");
     e.dialogo.responder({true});
