@@ -54,7 +54,7 @@ Form60::Form60(Sesion& s, Ajustes& a, Dialogo& d, Form1* tablero, QWidget* padre
     setObjectName(QStringLiteral("Form60"));
     setWindowTitle(QStringLiteral("Quilmar [Caja del día]"));
     ElegirPasar = [this]() -> std::optional<CriterioPasar> {
-        Form68 f(s_, this);
+        Form68 f(s_, !punteados_.isEmpty(), this);
         if (f.exec() != QDialog::Accepted)
             return std::nullopt;
         return f.criterio();

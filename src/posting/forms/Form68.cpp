@@ -9,7 +9,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-Form68::Form68(const Sesion& s, QWidget* padre) : QDialog(padre) {
+Form68::Form68(const Sesion& s, bool hayPunteadas, QWidget* padre) : QDialog(padre) {
     setObjectName(QStringLiteral("Form68"));
     setWindowTitle(QStringLiteral("Quilmar [Caja del Día]"));
     auto* raiz = new QVBoxLayout(this);
@@ -18,6 +18,7 @@ Form68::Form68(const Sesion& s, QWidget* padre) : QDialog(padre) {
     Option1->setObjectName(QStringLiteral("Option1"));
     Option2 = new QRadioButton(QStringLiteral("Sólo las punteadas"), this);
     Option2->setObjectName(QStringLiteral("Option2"));
+    Option2->setEnabled(hayPunteadas);
     Option3 = new QRadioButton(QStringLiteral("Las comprendidas entre Fechas:"), this);
     Option3->setObjectName(QStringLiteral("Option3"));
     Option1->setChecked(true);

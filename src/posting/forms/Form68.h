@@ -3,7 +3,7 @@
 // "Las comprendidas entre Fechas:" with two dates (both included).
 //
 // Usage:
-//     Form68 f(sesion, this);
+//     Form68 f(sesion, !punteados.isEmpty(), this);
 //     if (f.exec() == QDialog::Accepted) { CriterioPasar c = f.criterio(); ... }
 
 #include "posting/CajaDia.h"
@@ -18,7 +18,8 @@ struct Sesion;
 class Form68 : public QDialog {
     Q_OBJECT
 public:
-    explicit Form68(const Sesion& s, QWidget* padre = nullptr);
+    // hayPunteadas: whether any row is ticked; without one "Sólo las punteadas" is off.
+    Form68(const Sesion& s, bool hayPunteadas, QWidget* padre = nullptr);
 
     // The choice; the ticked numbers are the caller's to add.
     CriterioPasar criterio() const;

@@ -20,6 +20,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTableView>
 #include <QTableWidget>
 #include <QTest>
@@ -263,6 +264,16 @@ TEST_F(PantallaPunteo, CajaDelDiaAnadirPuntearYPasarLasPunteadas) {
 
     EXPECT_EQ(activos(), "Command1 Command4 Command5") << "no row taken to change or delete";
 
+    // Nothing ticked yet: the choice of the ticked rows is off. Cancelling sends nothing.
+    bool soloPunteadas = true;
+    AlAbrirseModal([&](QWidget* w) {
+        soloPunteadas = Control<QRadioButton>(w, "Option2")->isEnabled();
+        Pulsar(w, "Command2");
+    });
+    Pulsar(f, "Command5");
+    EXPECT_FALSE(soloPunteadas);
+    EXPECT_EQ(grid->rowCount(), 2);
+
     // Ticking the second row through its box.
     grid->item(1, ColCaja::Punteo)->setCheckState(Qt::Checked);
     EXPECT_EQ(f->punteados(), QSet<long>({2}));
@@ -277,11 +288,14 @@ TEST_F(PantallaPunteo, CajaDelDiaAnadirPuntearYPasarLasPunteadas) {
     Pulsar(f, "Command4");
     EXPECT_EQ(opciones, "Caja del día");
 
-    f->ElegirPasar = [] {
-        return std::optional<CriterioPasar>(CriterioPasar{ModoPasar::Punteadas, {}, {}, {}});
-    };
+    AlAbrirseModal([&](QWidget* w) {
+        soloPunteadas = Control<QRadioButton>(w, "Option2")->isEnabled();
+        Pulsar(w, "Option2");
+        Pulsar(w, "Command1");
+    });
     e.dialogo.responder({true});
     Pulsar(f, "Command5");
+    EXPECT_TRUE(soloPunteadas);
     EXPECT_EQ(e.dialogo.informados.last(), "Se traspasaron al Diario 1 apuntes.");
     ASSERT_EQ(grid->rowCount(), 1);
     EXPECT_EQ(grid->item(0, ColCaja::Numero)->text(), "1");
