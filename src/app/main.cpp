@@ -11,6 +11,7 @@
 #include "platform/forms/DialogoVentanas.h"
 #include "posting/EmpresaDemo.h"
 #include "posting/forms/Form1.h"
+#include "posting/forms/MenusCaja.h"
 #include "posting/forms/MenusMantenimiento.h"
 #include "posting/forms/MenusPlantillas.h"
 #include "posting/forms/MenusVencimientos.h"
@@ -131,6 +132,7 @@ int main(int argc, char** argv) {
     ConectarLibrosIva(tablero, s, a, d);
     ConectarModelos(tablero, s, a, d);
     ConectarInventario(tablero, s, a, d);
+    ConectarCajaYPunteo(tablero, s, a, d);
     ConectarVencimientos(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
