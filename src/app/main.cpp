@@ -7,9 +7,11 @@
 #include "platform/Ajustes.h"
 #include "platform/Errores.h"
 #include "platform/Letras.h"
+#include "platform/Traducciones.h"
 #include "platform/forms/DialogoVentanas.h"
 #include "posting/EmpresaDemo.h"
 #include "posting/forms/Form1.h"
+#include "posting/forms/MenusCaja.h"
 #include "posting/forms/MenusMantenimiento.h"
 #include "posting/forms/MenusPlantillas.h"
 #include "posting/forms/MenusVencimientos.h"
@@ -47,6 +49,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quilmar"));
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+    CargarTraduccionesQt(app);
     SustituirLetras();
 
     Sesion s;
@@ -68,8 +71,16 @@ int main(int argc, char** argv) {
     Form29 splash(a);
     splash.show();
     QApplication::processEvents();
-    if (ExistePLoc(s))
-        s.DataPath = LeerPLoc(s);
+    if (ExistePLoc(s)) {
+        // A damaged PLoc.dat, or a server folder out of reach, is told; the question of the kind
+        // of installation that follows lets the user set it right.
+        try {
+            s.DataPath = CarpetaDatos(s);
+        } catch (const ErrorQuilmar& e) {
+            splash.hide();
+            d.Informar(e.mensaje());
+        }
+    }
 
     // The installation database; the program cannot go on without it.
     bool nueva = false;
@@ -121,6 +132,7 @@ int main(int argc, char** argv) {
     ConectarLibrosIva(tablero, s, a, d);
     ConectarModelos(tablero, s, a, d);
     ConectarInventario(tablero, s, a, d);
+    ConectarCajaYPunteo(tablero, s, a, d);
     ConectarVencimientos(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();

@@ -61,6 +61,9 @@ struct OpcionesEscritura {
     // False: the caller holds a transaction that it rolls back whole on any failure (an import of
     // many entries), so the entry needs no savepoint of its own.
     bool transaccionPropia = true;
+    // False: the lines take their NAp in the order given (day cash writes its two lines in the
+    // order of its accounts, not debit first).
+    bool debePrimero = true;
 };
 
 // A refusal of the writer, with the message the user is shown.
@@ -79,14 +82,16 @@ void ComprobarApunte(const Apunte& a);
 
 // Writes an entry and returns its number. Refuses a closed exercise, a date outside it, an
 // unknown subaccount (ErrorAsiento) and a line that ComprobarApunte refuses; store failures throw
-// ErrorAlmacen. Nothing is left written on failure. The session's UltimoAsiento follows the number
-// drawn, even when no line has an amount to write: such an entry leaves no row, yet the number
-// rises as it always did, and the next entry takes the same number from the journal.
+// ErrorAlmacen. Nothing is left written on failure. The matching groups its lines belong to are
+// graded again by their new sums. The session's UltimoAsiento follows the number drawn, even when
+// no line has an amount to write: such an entry leaves no row, yet the number rises as it always
+// did, and the next entry takes the same number from the journal.
 long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apunte>& apuntes,
                      const OpcionesEscritura& opciones = {});
 
 // Deletes an entry: its journal lines, their VAT records, and their amounts from Mayor, in one
-// transaction; lowers UltimoAsiento when the last entry goes. False when the number has no lines.
+// transaction; the matching groups its lines belonged to are graded again by what is left, and
+// UltimoAsiento is lowered when the last entry goes. False when the number has no lines.
 bool ElimAsiento(Conexion& c, Sesion& s, long nas);
 
 // Adds gathered totals (debit, credit) to Mayor.

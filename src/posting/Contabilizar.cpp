@@ -1,5 +1,6 @@
 #include "posting/Contabilizar.h"
 
+#include "journal/Casaciones.h"
 #include "journal/Escritor.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
@@ -340,7 +341,6 @@ ResultadoAceptar Contabilizar::Publicar(const QString& sector) {
         return r;
     }
 
-    const double ahora = DiaSerie(QDateTime::currentDateTime());
     QList<Apunte> apuntes;
     for (int f = 1; f <= Rejilla.ultima(); ++f) {
         Apunte a;
@@ -351,10 +351,8 @@ ResultadoAceptar Contabilizar::Publicar(const QString& sector) {
         a.Documento = Rejilla.celda(f, ColF4::Documento);
         a.Sector = sector.trimmed();
         const QString marca = Rejilla.celda(f, ColF4::Casacion).trimmed();
-        if (!marca.isEmpty()) {
+        if (!marca.isEmpty())
             a.CasacionN = marca.toInt();
-            a.CasacionH = ahora;
-        }
         // Only rows up to the last accepted one keep their VAT data.
         if (f <= Estado.UltimaFilaIVA && Iva.tieneDatos(f))
             a.Iva = Iva.datos(f);
@@ -362,7 +360,17 @@ ResultadoAceptar Contabilizar::Publicar(const QString& sector) {
     }
     try {
         Conexion c = AbrirDatos(s_);
+        Transaccion t(c);
+        // Each line marked as a start opens a group of its own: keys drawn under the write lock.
+        double clave = 0;
+        for (int f = 1; f <= Rejilla.ultima(); ++f) {
+            if (Rejilla.celda(f, ColF4::Casacion).trimmed().isEmpty())
+                continue;
+            clave = clave == 0 ? NuevaClaveCasacion(c) : RedondearClave(clave + 1e-10);
+            apuntes[f - 1].CasacionH = clave;
+        }
         r.numero = EscribirAsiento(c, s_, fecha, apuntes);
+        t.confirmar();
     } catch (const ErrorQuilmar& e) {
         Iva.vaciar();
         d_.Informar(e.mensaje());

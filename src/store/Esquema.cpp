@@ -38,6 +38,7 @@ CREATE INDEX IxDiarioNAs ON Diario(NAs, NAp);
 CREATE INDEX IxDiarioFecha ON Diario(Fecha);
 CREATE INDEX IxDiarioCuenta ON Diario(NCuenta, Fecha, Debe, Haber);
 CREATE INDEX IxDiarioIdIVA ON Diario(IdIVA) WHERE IdIVA <> 0;
+CREATE INDEX IxDiarioCasacion ON Diario(CasacionH) WHERE CasacionH <> 0;
 CREATE TABLE Mayor (
   NCuenta TEXT NOT NULL COLLATE NOCASE,
   SaldoD REAL NOT NULL DEFAULT 0,
@@ -243,11 +244,11 @@ void CrearEsquema(Conexion& c, TipoBase tipo) {
     t.confirmar();
 }
 
-void CrearBaseDatos(const QString& ruta, TipoBase tipo) {
+void CrearBaseDatos(const QString& ruta, TipoBase tipo, ModoDiario modo) {
     if (QFile::exists(ruta))
         throw ErrorAlmacen(QStringLiteral("Ya existe el archivo %1.").arg(ruta));
     try {
-        Conexion c(ruta, tipo, true);
+        Conexion c(ruta, tipo, true, modo);
         CrearEsquema(c, tipo);
     } catch (...) {
         QFile::remove(ruta);

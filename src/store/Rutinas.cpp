@@ -8,9 +8,10 @@
 #include <QRegularExpression>
 #include <cmath>
 
+const QString MsgFechaNoValida = QStringLiteral("La fecha introducida no es una fecha válida.");
+
 namespace {
 
-const QString MsgInvalida = QStringLiteral("La fecha introducida no es una fecha válida.");
 const QString MsgCorta =
     QStringLiteral("La fecha introducida no es correcta, debe ponerla en formato 'ddmmaa'.");
 const QString MsgAmbigua = QStringLiteral(
@@ -100,7 +101,7 @@ QString ValidarFecha(const QString& texto, Dialogo& dialogo) {
         resultado = t;
     }
     if (resultado.isEmpty() || !FechaDeTexto(resultado).isValid()) {
-        dialogo.Informar(MsgInvalida);
+        dialogo.Informar(MsgFechaNoValida);
         return {};
     }
     return resultado;
@@ -200,6 +201,6 @@ QDateTime DeDiaSerie(double dias) {
     return QDateTime(d, QTime(0, 0)).addMSecs(ms);
 }
 
-bool DetectarPuntoDecimal() {
-    return !QLocale().toString(7.0 / 2).contains(QLatin1Char(','));
+bool DetectarPuntoDecimal(const QLocale& local) {
+    return !local.toString(7.0 / 2).contains(QLatin1Char(','));
 }

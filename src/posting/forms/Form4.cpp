@@ -3,6 +3,7 @@
 #include "platform/Ajustes.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/Iconos.h"
 #include "platform/forms/ImprimirLibro.h"
 #include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
@@ -146,20 +147,22 @@ TeclaImporte FiltrarTeclaImporte(const QString& texto, bool puntoDecimal) {
 }
 
 QPixmap ImagenDeCasacion(int numero) {
-    // 1: the start of a match; 2 to 4: the states of a matched line.
-    static const QColor colores[] = {QColor(0x2e, 0x7d, 0x32), QColor(0x15, 0x65, 0xc0),
-                                     QColor(0xef, 0x6c, 0x00), QColor(0x75, 0x75, 0x75)};
+    // Image n is the mark n - 1: a circle for the start of a group and a square for a line
+    // joined to it, hollow and orange while the group is open, filled and green once balanced.
+    const int marca = std::clamp(numero, 1, 4) - 1;
+    const bool inicio = marca == 0 || marca == 2;
+    const bool casado = marca == 1 || marca == 2;
+    const QColor c = casado ? QColor(0x2e, 0x7d, 0x32) : QColor(0xef, 0x6c, 0x00);
     QPixmap px(14, 14);
     px.fill(Qt::transparent);
     QPainter p(&px);
     p.setRenderHint(QPainter::Antialiasing);
-    const QColor c = colores[std::clamp(numero, 1, 4) - 1];
     p.setPen(QPen(c, 2));
-    if (numero == 1)
-        p.setBrush(Qt::NoBrush);
+    p.setBrush(casado ? QBrush(c) : QBrush(Qt::NoBrush));
+    if (inicio)
+        p.drawEllipse(QRectF(2, 2, 10, 10));
     else
-        p.setBrush(c);
-    p.drawEllipse(QRectF(2, 2, 10, 10));
+        p.drawRect(QRectF(2.5, 2.5, 9, 9));
     return px;
 }
 
@@ -173,17 +176,15 @@ Form4::Form4(Sesion& s, Ajustes& a, Dialogo& d, EstadoTablero& tablero, QWidget*
 
     Toolbar1 = new QToolBar(this);
     Toolbar1->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    BotonImprimir = Toolbar1->addAction(style()->standardIcon(QStyle::SP_FileDialogDetailedView),
-                                        QStringLiteral("Imprimir"));
-    BotonImprimir->setToolTip(QStringLiteral("Imprimir el asiento"));
+    BotonImprimir = Toolbar1->addAction(IconoDe(Accion::Imprimir), QStringLiteral("Imprimir"));
+    PonerIcono(BotonImprimir, Accion::Imprimir);
     BotonImprimir->setEnabled(false);
     BotonLetraMas = Toolbar1->addAction(QStringLiteral("A+"));
     BotonLetraMas->setToolTip(QStringLiteral("Aumentar el tamaño de la letra"));
     BotonLetraMenos = Toolbar1->addAction(QStringLiteral("A-"));
     BotonLetraMenos->setToolTip(QStringLiteral("Reducir el tamaño de la letra"));
-    BotonPeriodico = Toolbar1->addAction(style()->standardIcon(QStyle::SP_BrowserReload),
-                                         QStringLiteral("Periódico"));
-    BotonPeriodico->setToolTip(QStringLiteral("Guardar como asiento periódico"));
+    BotonPeriodico = Toolbar1->addAction(IconoDe(Accion::Periodico), QStringLiteral("Periódico"));
+    PonerIcono(BotonPeriodico, Accion::Periodico);
     BotonPeriodico->setEnabled(false);
 
     LabelNumero = new QLabel(this);
