@@ -2,6 +2,7 @@
 
 #include "platform/Ajustes.h"
 #include "platform/Errores.h"
+#include "store/Campos.h"
 #include "store/CargarEmp.h"
 #include "store/Conexiones.h"
 #include "store/Empresas.h"
@@ -105,6 +106,11 @@ void ContextoCli::abrirEmpresa() {
 }
 
 void ImprimirFilas(QTextStream& salida, const QList<QStringList>& filas) {
-    for (const QStringList& f : filas)
+    for (QStringList f : filas) {
+        // A text stored before control characters were kept out must not shift the columns.
+        for (QString& celda : f)
+            if (TieneControles(celda))
+                celda = SinControles(celda);
         salida << f.join(QLatin1Char('\t')) << '\n';
+    }
 }

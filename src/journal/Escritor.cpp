@@ -3,6 +3,7 @@
 #include "journal/Casaciones.h"
 
 #include "platform/Almacen.h"
+#include "store/Campos.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
@@ -41,7 +42,31 @@ void sumarMayor(Conexion& c, const QString& ncuenta, double debe, double haber) 
         {ncuenta, debe, haber});
 }
 
+void importeAdmitido(double v) {
+    if (!ImporteAdmitido(v))
+        throw ErrorAsiento(MsgValorNoValido(v));
+}
+
 } // namespace
+
+void ComprobarApunte(const Apunte& a) {
+    importeAdmitido(a.Debe);
+    importeAdmitido(a.Haber);
+    // The description is cut to its size when written, as it always was; it only may not carry
+    // control characters.
+    if (TieneControles(a.Concepto))
+        TextoCampo(Campo::Concepto, a.Concepto);
+    TextoCampo(Campo::Documento, a.Documento);
+    TextoCampo(Campo::Sector, a.Sector);
+    if (a.Iva) {
+        importeAdmitido(a.Iva->Base);
+        importeAdmitido(a.Iva->Cuota);
+        importeAdmitido(a.Iva->Retencion);
+        if (!std::isfinite(a.Iva->Porcentaje))
+            throw ErrorAsiento(MsgValorNoValido(a.Iva->Porcentaje));
+        TextoCampo(Campo::NFactura, a.Iva->Factura);
+    }
+}
 
 long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apunte>& apuntes,
                      const OpcionesEscritura& o) {
@@ -62,6 +87,10 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
     if (o.comprobarFecha && s.FechaIniEj.isValid() &&
         (fecha < s.FechaIniEj || fecha > s.FechaFinEj))
         throw ErrorAsiento(QStringLiteral("La fecha introducida no pertenece al año de trabajo."));
+    // The last defence of the books: whatever path brought them, no line stores an amount that
+    // is not a number or beyond the maximum, nor a control character.
+    for (const Apunte& a : apuntes)
+        ComprobarApunte(a);
     for (const Apunte& a : o.comprobarCuentas ? apuntes : QList<Apunte>{}) {
         QSqlQuery& q = c.preparada(QStringLiteral("SELECT 1 FROM Cuentas WHERE NCuenta = ?"),
                                    {a.NCuenta.trimmed()});
@@ -95,8 +124,8 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
     }
 
     // 2. The number, drawn under the write lock so that two users never share it.
-    long nas = o.numero;
-    if (nas <= 0) {
+    long nas = o.numero.value_or(0);
+    if (!o.numero) {
         QSqlQuery& q = c.preparada(QStringLiteral("SELECT MAX(NAs) AS NN FROM Diario"));
         const double max = q.next() && !q.value(0).isNull() ? q.value(0).toDouble() : 0.0;
         const float siguiente = static_cast<float>(max + 1.0);
@@ -138,13 +167,14 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
             !a.Punteo)
             c.preparada(insertarSimple,
                         {static_cast<qlonglong>(nas), fechaIso, static_cast<qlonglong>(nap),
-                         a.Concepto.left(40).trimmed(), ncuenta, a.Sector.trimmed(),
-                         a.Documento.trimmed(), debe, haber});
+                         a.Concepto.left(TamanoCampo(Campo::Concepto)).trimmed(), ncuenta,
+                         a.Sector.trimmed(), a.Documento.trimmed(), debe, haber});
         else
-            c.preparada(insertar, {static_cast<qlonglong>(nas), fechaIso,
-                                   static_cast<qlonglong>(nap), a.Concepto.left(40).trimmed(),
-                                   ncuenta, a.CasacionN, a.CasacionH, a.Sector.trimmed(), ids.at(i),
-                                   a.Documento.trimmed(), debe, haber, o.Clase, a.Punteo ? -1 : 0});
+            c.preparada(insertar,
+                        {static_cast<qlonglong>(nas), fechaIso, static_cast<qlonglong>(nap),
+                         a.Concepto.left(TamanoCampo(Campo::Concepto)).trimmed(), ncuenta,
+                         a.CasacionN, a.CasacionH, a.Sector.trimmed(), ids.at(i),
+                         a.Documento.trimmed(), debe, haber, o.Clase, a.Punteo ? -1 : 0});
         if (a.CasacionH != 0)
             grupos << a.CasacionH;
         if (o.mayorPendiente && !t) {

@@ -5,6 +5,7 @@
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
 #include "posting/EstadoTablero.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"
@@ -13,6 +14,9 @@
 #include <QDateTime>
 #include <cmath>
 
+const QString MsgCumplimentar =
+    QStringLiteral("Debe cumplimentar los campos de Fecha, Concepto e Importe.");
+const QString MsgImporteErroneo = QStringLiteral("El importe introducido es erróneo.");
 const QString MsgDescuadre = QStringLiteral("El asiento está descuadrado. La suma de las partidas "
                                             "del Debe tienen que ser iguales a las del Haber.");
 
@@ -110,6 +114,36 @@ bool PrepararCapturaIva(CapturaIva& c, const Sesion& s, Dialogo& d, const QStrin
 Contabilizar::Contabilizar(Sesion& s, Dialogo& d, EstadoTablero& tablero)
     : s_(s), d_(d), tablero_(tablero) {
     AplicarOrigen(Estado.Origen);
+    Rejilla.validarCelda = [this](int fila, int col, QString& texto) {
+        return ValidarCelda(fila, col, texto);
+    };
+}
+
+bool Contabilizar::ValidarCelda(int fila, int col, QString& texto) {
+    if (col == ColF4::Debe || col == ColF4::Haber) {
+        // A line's other cell stays empty; the last row's amount goes to the amount field, so
+        // there an empty cell is no amount.
+        if (texto.trimmed().isEmpty() && fila != Rejilla.ultima())
+            return true;
+        bool numero = false;
+        ValorImporte(texto, &numero);
+        const std::optional<double> v = LeerImporte(texto);
+        if (!v) {
+            d_.Informar(numero ? MsgImporteNoValido(texto) : MsgImporteErroneo);
+            return false;
+        }
+        texto = fmt(*v);
+        return true;
+    }
+    if (col == ColF4::Documento) {
+        try {
+            texto = TextoCampo(Campo::Documento, texto);
+        } catch (const Rechazo& e) {
+            d_.Informar(e.mensaje());
+            return false;
+        }
+    }
+    return true;
 }
 
 void Contabilizar::AplicarOrigen(const QString& origen) {
@@ -148,9 +182,25 @@ void Contabilizar::MarcarInicioCasacion(int fila) {
 
 ResultadoAceptar Contabilizar::Aceptar(const CamposForm4& campos) {
     ResultadoAceptar r;
-    const double importe = ValorImporte(campos.Importe);
-    if (campos.Concepto.trimmed().isEmpty() || campos.Fecha.trimmed().isEmpty() || importe == 0) {
-        d_.Informar(QStringLiteral("Debe cumplimentar los campos de Fecha, Concepto e Importe."));
+    // Rounded to the cent first: an amount that rounds to nothing is no amount.
+    const std::optional<double> leido = LeerImporte(campos.Importe);
+    const double importe = leido.value_or(0.0);
+    if (campos.Concepto.trimmed().isEmpty() || campos.Fecha.trimmed().isEmpty() ||
+        campos.Importe.trimmed().isEmpty() || (leido && importe == 0)) {
+        d_.Informar(MsgCumplimentar);
+        return r;
+    }
+    if (!leido) {
+        d_.Informar(MsgImporteNoValido(campos.Importe));
+        r.foco = CampoForm4::Importe;
+        return r;
+    }
+    try {
+        TextoCampo(Campo::Concepto, campos.Concepto.left(TamanoCampo(Campo::Concepto)));
+        TextoCampo(Campo::Documento, campos.Documento);
+    } catch (const Rechazo& e) {
+        d_.Informar(e.mensaje());
+        r.foco = TieneControles(campos.Concepto) ? CampoForm4::Concepto : CampoForm4::Documento;
         return r;
     }
     // The date routine tells the user what is wrong with the text.

@@ -12,6 +12,7 @@
 #include "store/Formato.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QAction>
 #include <QApplication>
@@ -202,12 +203,13 @@ Form4::Form4(Sesion& s, Ajustes& a, Dialogo& d, EstadoTablero& tablero, QWidget*
     Combo1 = new QComboBox(this);
     Combo1->setEditable(true);
     Combo1->setInsertPolicy(QComboBox::NoInsert);
-    Combo1->lineEdit()->setMaxLength(40);
+    LimitarCampo(Combo1->lineEdit(), Campo::Concepto);
     Combo1->setMinimumWidth(300);
     TDBN1 = new QLineEdit(this);
     TDBN1->setAlignment(Qt::AlignRight);
     TDBN1->setMaximumWidth(140);
     Text2 = new QLineEdit(this);
+    LimitarCampo(Text2, Campo::Documento);
     Text2->setMaximumWidth(160);
     Combo2 = new QComboBox(this);
     Combo2->setMinimumWidth(140);
@@ -507,7 +509,7 @@ bool Form4::eventFilter(QObject* objeto, QEvent* evento) {
         if (numero) {
             const QString nombre = ConceptoDeCodigo(s_, Combo1->currentText());
             if (!nombre.isEmpty()) {
-                Combo1->setEditText(nombre.left(40));
+                Combo1->setEditText(nombre.left(TamanoCampo(Campo::Concepto)));
                 Combo1->lineEdit()->setCursorPosition(Combo1->currentText().size());
                 return true;
             }
@@ -572,15 +574,10 @@ void Form4::clicEnRejilla(const QModelIndex& indice) {
 void Form4::celdaEditada(int fila, int col) {
     if (fila != k_.Rejilla.ultima() || (col != ColF4::Debe && col != ColF4::Haber))
         return;
+    // The logic has already refused what is not an amount; an emptied cell leaves the field.
     const QString texto = k_.Rejilla.celda(fila, col).trimmed();
-    bool ok = false;
-    const double v = ValorImporte(texto, &ok);
-    if (!ok) {
-        d_.Informar(QStringLiteral("El importe introducido es erróneo."));
-        return;
-    }
-    k_.Rejilla.fijarImporte(fila, col, v);
-    TDBN1->setText(Formato(v, QStringLiteral("standard")));
+    if (!texto.isEmpty())
+        TDBN1->setText(texto);
 }
 
 void Form4::closeEvent(QCloseEvent* e) {
