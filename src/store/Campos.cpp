@@ -37,6 +37,7 @@ constexpr DatosCampo Tabla[] = {
     {Campo::Usuario, "Usuario", 13},
     {Campo::NombrePredi, "Nombre del asiento prediseñado", 40},
     {Campo::ComentarioPredi, "Comentario", 100},
+    {Campo::TextoAviso, "Texto del Aviso", 255},
 };
 
 const DatosCampo& datos(Campo campo) {

@@ -32,6 +32,7 @@ enum class Campo {
     Usuario,         // Usuarios.Usuario
     NombrePredi,     // AsPredi.Nombre
     ComentarioPredi, // AsPredi.Coment
+    TextoAviso,      // Avisos.Texto
 };
 
 // Most characters the field holds.

@@ -5,6 +5,9 @@
 #include <QDate>
 #include <QDir>
 #include <QString>
+#include <memory>
+
+class BloqueoEmpresa;
 
 struct Sesion {
     // Installation folder (program folder) and the folder that holds the company folders: equal on
@@ -26,6 +29,9 @@ struct Sesion {
     float UltimoAsiento = 0;
     long UltimaSubcuenta = 0;
     QDate UltimaFecha;
+    // The hold this process keeps on the company it has open (store/BloqueoEmpresa.h), so that
+    // nobody swaps its files meanwhile; empty when none is held.
+    std::shared_ptr<BloqueoEmpresa> EmpresaAbierta;
 
     bool PuntoDecimal = false;
     double CambioPeseta = 166.386;

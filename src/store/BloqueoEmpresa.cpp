@@ -1,0 +1,100 @@
+#include "store/BloqueoEmpresa.h"
+
+#include "platform/Errores.h"
+#include "store/Sesion.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QThread>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+const QString MsgEmpresaOcupada =
+    QStringLiteral("La empresa %1 se está compactando o restaurando en otro puesto. Inténtelo "
+                   "de nuevo cuando termine.");
+
+BloqueoEmpresa::BloqueoEmpresa(const QString& dataPath, const QString& empresa, Modo modo,
+                               int esperaMs)
+    : dataPath_(dataPath), empresa_(empresa), modo_(modo), espera_(esperaMs) {
+    coger();
+}
+
+BloqueoEmpresa::~BloqueoEmpresa() {
+    soltar();
+}
+
+QString BloqueoEmpresa::ruta(const QString& dataPath, const QString& empresa) {
+    return QDir(dataPath).filePath(empresa + QStringLiteral(".lck"));
+}
+
+void BloqueoEmpresa::soltar() {
+    if (fd_ >= 0)
+        ::close(fd_); // closing the descriptor lets its lock go
+    fd_ = -1;
+}
+
+bool BloqueoEmpresa::coger() {
+    if (fd_ >= 0)
+        return true;
+    ocupado_ = false;
+    const QByteArray r = QFile::encodeName(ruta(dataPath_, empresa_));
+    int fd = ::open(r.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    if (fd < 0)
+        fd = ::open(r.constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        return false;
+    const int operacion = (modo_ == Modo::Compartido ? LOCK_SH : LOCK_EX) | LOCK_NB;
+    const QDeadlineTimer plazo(espera_);
+    while (::flock(fd, operacion) != 0) {
+        if ((errno != EWOULDBLOCK && errno != EINTR) || plazo.hasExpired()) {
+            ocupado_ = errno == EWOULDBLOCK || errno == EINTR;
+            ::close(fd);
+            return false;
+        }
+        QThread::msleep(100);
+    }
+    fd_ = fd;
+    return true;
+}
+
+void MarcarEmpresaAbierta(Sesion& s, int esperaMs) {
+    if (s.EmpresaActual.isEmpty()) {
+        s.EmpresaAbierta.reset();
+        return;
+    }
+    if (s.EmpresaAbierta && s.EmpresaAbierta->conseguido() &&
+        s.EmpresaAbierta->empresa() == s.EmpresaActual &&
+        s.EmpresaAbierta->dataPath() == s.DataPath)
+        return;
+    s.EmpresaAbierta.reset();
+    // A data folder where no lock file can be made (read only) cannot be compacted or restored
+    // either: the company is used without a hold.
+    if (!QFile::exists(BloqueoEmpresa::ruta(s.DataPath, s.EmpresaActual)) &&
+        !QFileInfo(s.DataPath).isWritable())
+        return;
+    auto b = std::make_shared<BloqueoEmpresa>(s.DataPath, s.EmpresaActual,
+                                              BloqueoEmpresa::Modo::Compartido, esperaMs);
+    if (!b->conseguido())
+        throw ErrorAlmacen(MsgEmpresaOcupada.arg(s.EmpresaActual));
+    s.EmpresaAbierta = std::move(b);
+}
+
+EmpresaEnExclusiva::EmpresaEnExclusiva(Sesion& s, const QString& empresa) : s_(s) {
+    if (s.EmpresaAbierta && s.EmpresaAbierta->empresa() == empresa &&
+        s.EmpresaAbierta->dataPath() == s.DataPath) {
+        propia_ = s.EmpresaAbierta;
+        propia_->soltar();
+    }
+    bloqueo_ =
+        std::make_unique<BloqueoEmpresa>(s.DataPath, empresa, BloqueoEmpresa::Modo::Exclusivo, 0);
+}
+
+EmpresaEnExclusiva::~EmpresaEnExclusiva() {
+    bloqueo_.reset();
+    if (propia_)
+        propia_->coger();
+}
