@@ -23,6 +23,7 @@
 #include "store/forms/Form44.h"
 #include "tax/forms/MenusLibrosIva.h"
 #include "tax/forms/MenusModelos.h"
+#include "utilities/forms/MenusUtilidades.h"
 
 #include <QApplication>
 #include <QDir>
@@ -118,6 +119,7 @@ int main(int argc, char** argv) {
     ConectarLibros(tablero, s, a, d);
     ConectarLibrosIva(tablero, s, a, d);
     ConectarModelos(tablero, s, a, d);
+    ConectarUtilidades(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();
