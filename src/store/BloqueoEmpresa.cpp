@@ -61,16 +61,31 @@ bool BloqueoEmpresa::coger() {
     return true;
 }
 
-void MarcarEmpresaAbierta(Sesion& s, int esperaMs) {
+namespace {
+
+// The company this process has open. A process works on one company at a time (the board, a
+// command), so the hold is the process's, not a session's.
+std::shared_ptr<BloqueoEmpresa>& holdPropio() {
+    static std::shared_ptr<BloqueoEmpresa> h;
+    return h;
+}
+
+bool esLaDe(const std::shared_ptr<BloqueoEmpresa>& b, const QString& dataPath,
+            const QString& empresa) {
+    return b && b->empresa() == empresa && b->dataPath() == dataPath;
+}
+
+} // namespace
+
+void MarcarEmpresaAbierta(const Sesion& s, int esperaMs) {
+    std::shared_ptr<BloqueoEmpresa>& propio = holdPropio();
     if (s.EmpresaActual.isEmpty()) {
-        s.EmpresaAbierta.reset();
+        propio.reset();
         return;
     }
-    if (s.EmpresaAbierta && s.EmpresaAbierta->conseguido() &&
-        s.EmpresaAbierta->empresa() == s.EmpresaActual &&
-        s.EmpresaAbierta->dataPath() == s.DataPath)
+    if (esLaDe(propio, s.DataPath, s.EmpresaActual) && propio->conseguido())
         return;
-    s.EmpresaAbierta.reset();
+    propio.reset();
     // A data folder where no lock file can be made (read only) cannot be compacted or restored
     // either: the company is used without a hold.
     if (!QFile::exists(BloqueoEmpresa::ruta(s.DataPath, s.EmpresaActual)) &&
@@ -80,13 +95,14 @@ void MarcarEmpresaAbierta(Sesion& s, int esperaMs) {
                                               BloqueoEmpresa::Modo::Compartido, esperaMs);
     if (!b->conseguido())
         throw ErrorAlmacen(MsgEmpresaOcupada.arg(s.EmpresaActual));
-    s.EmpresaAbierta = std::move(b);
+    propio = std::move(b);
 }
 
-EmpresaEnExclusiva::EmpresaEnExclusiva(Sesion& s, const QString& empresa) : s_(s) {
-    if (s.EmpresaAbierta && s.EmpresaAbierta->empresa() == empresa &&
-        s.EmpresaAbierta->dataPath() == s.DataPath) {
-        propia_ = s.EmpresaAbierta;
+EmpresaEnExclusiva::EmpresaEnExclusiva(const Sesion& s, const QString& empresa) {
+    // flock() locks of two descriptors conflict even within one process: our own shared hold is
+    // let go meanwhile.
+    if (esLaDe(holdPropio(), s.DataPath, empresa)) {
+        propia_ = holdPropio();
         propia_->soltar();
     }
     bloqueo_ =

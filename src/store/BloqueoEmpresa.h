@@ -49,16 +49,17 @@ constexpr int EsperaEmpresaOcupada = 30000;
 
 extern const QString MsgEmpresaOcupada; // "%1": the company folder
 
-// This process has s.EmpresaActual open: it holds its shared lock in the session, letting go
-// the company held before. Nothing happens when it already holds this one. Throws ErrorAlmacen
-// (MsgEmpresaOcupada) when another process keeps it alone past the wait.
-void MarcarEmpresaAbierta(Sesion& s, int esperaMs = EsperaEmpresaOcupada);
+// This process has s.EmpresaActual open: it holds its shared lock for the rest of the process,
+// letting go the company held before (none when EmpresaActual is empty). Nothing happens when
+// it already holds this one. Throws ErrorAlmacen (MsgEmpresaOcupada) when another process keeps
+// it alone past the wait.
+void MarcarEmpresaAbierta(const Sesion& s, int esperaMs = EsperaEmpresaOcupada);
 
 // Holds a company alone while it lives. This process's own shared hold on it, if any, is let go
 // for that time and taken back at the end.
 class EmpresaEnExclusiva {
 public:
-    EmpresaEnExclusiva(Sesion& s, const QString& empresa);
+    EmpresaEnExclusiva(const Sesion& s, const QString& empresa);
     ~EmpresaEnExclusiva();
     EmpresaEnExclusiva(const EmpresaEnExclusiva&) = delete;
     EmpresaEnExclusiva& operator=(const EmpresaEnExclusiva&) = delete;
@@ -67,7 +68,6 @@ public:
     bool ocupada() const { return bloqueo_ && bloqueo_->ocupado(); }
 
 private:
-    Sesion& s_;
-    std::shared_ptr<BloqueoEmpresa> propia_; // the session's hold, let go meanwhile
+    std::shared_ptr<BloqueoEmpresa> propia_; // this process's hold, let go meanwhile
     std::unique_ptr<BloqueoEmpresa> bloqueo_;
 };

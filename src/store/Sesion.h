@@ -5,9 +5,6 @@
 #include <QDate>
 #include <QDir>
 #include <QString>
-#include <memory>
-
-class BloqueoEmpresa;
 
 struct Sesion {
     // Installation folder (program folder) and the folder that holds the company folders: equal on
@@ -29,9 +26,6 @@ struct Sesion {
     float UltimoAsiento = 0;
     long UltimaSubcuenta = 0;
     QDate UltimaFecha;
-    // The hold this process keeps on the company it has open (store/BloqueoEmpresa.h), so that
-    // nobody swaps its files meanwhile; empty when none is held.
-    std::shared_ptr<BloqueoEmpresa> EmpresaAbierta;
 
     bool PuntoDecimal = false;
     double CambioPeseta = 166.386;

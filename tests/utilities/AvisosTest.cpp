@@ -256,9 +256,10 @@ TEST_F(Avisos, ListaImpresaConSuEncabezado) {
     ImpresoraGrabadora imp;
     DibujoListaAvisos(r, OpcionesListaAvisos(*e.ajustes, hoy))(imp, 1);
     ASSERT_EQ(imp.paginas(), 1) << imp.volcado().toStdString();
-    // The third heading has always read "Importe", over the times a year.
+    // No company line (the reminders are the installation's). The third heading has always
+    // read "Importe", over the times a year.
     EXPECT_EQ(imp.textosDePagina(1),
-              QStringList({TituloListaAvisos, "", "Fecha: 10/05/2026", "Fecha", "Texto", "Importe",
+              QStringList({TituloListaAvisos, "Fecha: 10/05/2026", "Fecha", "Texto", "Importe",
                            "15/05/2026", "Llamar al gestor", "01/06/2026",
                            "Pagar el seguro del local", "1", "Página nº 1"}));
 }
