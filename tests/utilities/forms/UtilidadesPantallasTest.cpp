@@ -99,11 +99,14 @@ TEST_F(Utilidades, VentanaDeAvisos) {
     Escribir(f, "Text3", "12");
     Pulsar(f, "Command1");
     ASSERT_EQ(f->rejilla().Filas(), 2);
-    EXPECT_EQ(f->rejilla().Fila(0), QStringList({"15/05/2026", "Pagar la cuota", "12", "2"}));
+    // Numbered after the highest, yesterday's number 1 being gone.
+    EXPECT_EQ(f->rejilla().Fila(0), QStringList({"15/05/2026", "Pagar la cuota", "12", "3"}));
 
     // A double click loads a row for changing it.
     QTableView* t = f->MSFlexGrid1;
     const QRect celda = t->visualRect(t->model()->index(1, 1));
+    // The first click takes the focus from the button, as a user's would.
+    QTest::mouseClick(t->viewport(), Qt::LeftButton, {}, celda.center());
     QTest::mouseDClick(t->viewport(), Qt::LeftButton, {}, celda.center());
     EXPECT_TRUE(f->Option2->isChecked());
     EXPECT_EQ(f->Text2->text(), "Trimestral");
@@ -202,10 +205,10 @@ TEST_F(Utilidades, CalendarioConSusMarcas) {
     for (int i = 0; i < 3; ++i)
         Pulsar(&f, "Command2");
     EXPECT_EQ(marcados(), QStringList({"15"})) << "September: three months on";
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 3; ++i)
         Pulsar(&f, "Command2");
-    EXPECT_EQ(f.Combo1->currentText(), "Enero");
-    EXPECT_EQ(f.Combo2->currentText(), "2027");
+    EXPECT_EQ(f.Combo1->currentText(), "Diciembre");
+    EXPECT_EQ(marcados(), QStringList({"15"}));
     // Pressing a marked day lists what falls on it.
     const int quince = [&] {
         for (int i = 0; i < 42; ++i)
@@ -217,11 +220,16 @@ TEST_F(Utilidades, CalendarioConSusMarcas) {
     QTest::mousePress(f.Dia[quince], Qt::LeftButton);
     QTest::mouseRelease(f.Dia[quince], Qt::LeftButton);
     ASSERT_EQ(f.List1->count(), 1);
-    EXPECT_EQ(f.List1->item(0)->text(), "15/01/2027   Trimestral");
+    EXPECT_EQ(f.List1->item(0)->text(), "15/12/2026   Trimestral");
+    // Past December the year changes; January is seven months on, no quarter.
+    Pulsar(&f, "Command2");
+    EXPECT_EQ(f.Combo1->currentText(), "Enero");
+    EXPECT_EQ(f.Combo2->currentText(), "2027");
+    EXPECT_TRUE(marcados().isEmpty());
     Pulsar(&f, "Command1");
     EXPECT_EQ(f.Combo1->currentText(), "Diciembre");
     EXPECT_EQ(f.Combo2->currentText(), "2026");
-    EXPECT_TRUE(marcados().isEmpty());
+    EXPECT_EQ(marcados(), QStringList({"15"}));
 }
 
 TEST_F(Utilidades, CopiaYRestauracionDesdeElTablero) {
