@@ -20,6 +20,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -145,6 +146,8 @@ Form37::Form37(Sesion& s, Ajustes& a, Dialogo& d, const QDate& hoy, QWidget* pad
         d_.Informar(e.mensaje());
     }
     LlenarFlex();
+    // The text takes what the date and the period leave, however long the texts added later.
+    MSFlexGrid1->horizontalHeader()->setSectionResizeMode(ColAvTexto, QHeaderView::Stretch);
 }
 
 Form37* Form37::Abrir(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre, long naviso,
