@@ -27,6 +27,7 @@
 #include "store/forms/Form44.h"
 #include "tax/forms/MenusLibrosIva.h"
 #include "tax/forms/MenusModelos.h"
+#include "utilities/forms/MenusUtilidades.h"
 
 #include <QApplication>
 #include <QDir>
@@ -134,6 +135,7 @@ int main(int argc, char** argv) {
     ConectarInventario(tablero, s, a, d);
     ConectarCajaYPunteo(tablero, s, a, d);
     ConectarVencimientos(tablero, s, a, d);
+    ConectarUtilidades(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();

@@ -2,6 +2,7 @@
 
 #include "platform/Ajustes.h"
 #include "platform/Errores.h"
+#include "store/BloqueoEmpresa.h"
 #include "store/Campos.h"
 #include "store/CargarEmp.h"
 #include "store/Conexiones.h"
@@ -103,6 +104,8 @@ void ContextoCli::abrirEmpresa() {
         throw Rechazo(
             QStringLiteral("No existe el ejercicio %1 de la empresa %2.").arg(ano).arg(empresa));
     CargarEjercicio(sesion);
+    // Held until the command ends, so that nobody compacts or restores the company meanwhile.
+    MarcarEmpresaAbierta(sesion);
 }
 
 void ImprimirFilas(QTextStream& salida, const QList<QStringList>& filas) {

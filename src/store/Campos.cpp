@@ -43,6 +43,7 @@ constexpr DatosCampo Tabla[] = {
     {Campo::Ciudad, "Ciudad", 30},
     {Campo::CPostalEmpresa, "Código Postal", 5},
     {Campo::Remesa, "Remesa", 20},
+    {Campo::TextoAviso, "Texto del Aviso", 255},
 };
 
 const DatosCampo& datos(Campo campo) {

@@ -38,6 +38,7 @@ enum class Campo {
     Ciudad,          // Empresa.Ciudad
     CPostalEmpresa,  // Empresa.CPostal: five digits
     Remesa,          // Vencimientos.Remesa
+    TextoAviso,      // Avisos.Texto
 };
 
 // Most characters the field holds.
