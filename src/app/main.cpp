@@ -11,6 +11,7 @@
 #include "platform/forms/DialogoVentanas.h"
 #include "posting/EmpresaDemo.h"
 #include "posting/forms/Form1.h"
+#include "posting/forms/MenusCaja.h"
 #include "posting/forms/MenusMantenimiento.h"
 #include "posting/forms/MenusPlantillas.h"
 #include "posting/forms/MenusVencimientos.h"
@@ -26,6 +27,7 @@
 #include "store/forms/Form44.h"
 #include "tax/forms/MenusLibrosIva.h"
 #include "tax/forms/MenusModelos.h"
+#include "utilities/forms/MenusUtilidades.h"
 #include "yearend/Adaptacion.h"
 #include "yearend/forms/MenusAdaptacion.h"
 
@@ -134,7 +136,9 @@ int main(int argc, char** argv) {
     ConectarLibrosIva(tablero, s, a, d);
     ConectarModelos(tablero, s, a, d);
     ConectarInventario(tablero, s, a, d);
+    ConectarCajaYPunteo(tablero, s, a, d);
     ConectarVencimientos(tablero, s, a, d);
+    ConectarUtilidades(tablero, s, a, d);
     ConectarAdaptacion(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();

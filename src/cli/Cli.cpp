@@ -2,6 +2,8 @@
 
 #include "platform/Ajustes.h"
 #include "platform/Errores.h"
+#include "store/BloqueoEmpresa.h"
+#include "store/Campos.h"
 #include "store/CargarEmp.h"
 #include "store/Conexiones.h"
 #include "store/Empresas.h"
@@ -102,9 +104,16 @@ void ContextoCli::abrirEmpresa() {
         throw Rechazo(
             QStringLiteral("No existe el ejercicio %1 de la empresa %2.").arg(ano).arg(empresa));
     CargarEjercicio(sesion);
+    // Held until the command ends, so that nobody compacts or restores the company meanwhile.
+    MarcarEmpresaAbierta(sesion);
 }
 
 void ImprimirFilas(QTextStream& salida, const QList<QStringList>& filas) {
-    for (const QStringList& f : filas)
+    for (QStringList f : filas) {
+        // A text stored before control characters were kept out must not shift the columns.
+        for (QString& celda : f)
+            if (TieneControles(celda))
+                celda = SinControles(celda);
         salida << f.join(QLatin1Char('\t')) << '\n';
+    }
 }

@@ -1,6 +1,9 @@
 #include "journal/Escritor.h"
 
+#include "journal/Casaciones.h"
+
 #include "platform/Almacen.h"
+#include "store/Campos.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
@@ -39,7 +42,31 @@ void sumarMayor(Conexion& c, const QString& ncuenta, double debe, double haber) 
         {ncuenta, debe, haber});
 }
 
+void importeAdmitido(double v) {
+    if (!ImporteAdmitido(v))
+        throw ErrorAsiento(MsgValorNoValido(v));
+}
+
 } // namespace
+
+void ComprobarApunte(const Apunte& a) {
+    importeAdmitido(a.Debe);
+    importeAdmitido(a.Haber);
+    // The description is cut to its size when written, as it always was; it only may not carry
+    // control characters.
+    if (TieneControles(a.Concepto))
+        TextoCampo(Campo::Concepto, a.Concepto);
+    TextoCampo(Campo::Documento, a.Documento);
+    TextoCampo(Campo::Sector, a.Sector);
+    if (a.Iva) {
+        importeAdmitido(a.Iva->Base);
+        importeAdmitido(a.Iva->Cuota);
+        importeAdmitido(a.Iva->Retencion);
+        if (!std::isfinite(a.Iva->Porcentaje))
+            throw ErrorAsiento(MsgValorNoValido(a.Iva->Porcentaje));
+        TextoCampo(Campo::NFactura, a.Iva->Factura);
+    }
+}
 
 long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apunte>& apuntes,
                      const OpcionesEscritura& o) {
@@ -60,6 +87,10 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
     if (o.comprobarFecha && s.FechaIniEj.isValid() &&
         (fecha < s.FechaIniEj || fecha > s.FechaFinEj))
         throw ErrorAsiento(QStringLiteral("La fecha introducida no pertenece al año de trabajo."));
+    // The last defence of the books: whatever path brought them, no line stores an amount that
+    // is not a number or beyond the maximum, nor a control character.
+    for (const Apunte& a : apuntes)
+        ComprobarApunte(a);
     for (const Apunte& a : o.comprobarCuentas ? apuntes : QList<Apunte>{}) {
         QSqlQuery& q = c.preparada(QStringLiteral("SELECT 1 FROM Cuentas WHERE NCuenta = ?"),
                                    {a.NCuenta.trimmed()});
@@ -93,8 +124,8 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
     }
 
     // 2. The number, drawn under the write lock so that two users never share it.
-    long nas = o.numero;
-    if (nas <= 0) {
+    long nas = o.numero.value_or(0);
+    if (!o.numero) {
         QSqlQuery& q = c.preparada(QStringLiteral("SELECT MAX(NAs) AS NN FROM Diario"));
         const double max = q.next() && !q.value(0).isNull() ? q.value(0).toDouble() : 0.0;
         const float siguiente = static_cast<float>(max + 1.0);
@@ -109,38 +140,54 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
     const QString insertarSimple =
         QStringLiteral("INSERT INTO Diario (NAs, Fecha, NAp, Concepto, NCuenta, Sector, "
                        "Documento, Debe, Haber) VALUES (?,?,?,?,?,?,?,?,?)");
+    // (line, pass) in the order of writing: debit lines first, or each line in its place.
+    QList<std::pair<int, int>> orden;
+    orden.reserve(apuntes.size());
+    if (o.debePrimero) {
+        for (int pasada = 0; pasada < 2; ++pasada)
+            for (int i = 0; i < apuntes.size(); ++i)
+                orden.append({i, pasada});
+    } else {
+        for (int i = 0; i < apuntes.size(); ++i)
+            for (int pasada = 0; pasada < 2; ++pasada)
+                orden.append({i, pasada});
+    }
+    QList<double> grupos;
     long nap = 0;
-    for (int pasada = 0; pasada < 2; ++pasada) {
-        for (int i = 0; i < apuntes.size(); ++i) {
-            const Apunte& a = apuntes.at(i);
-            const double importe = Centimos(pasada == 0 ? a.Debe : a.Haber);
-            if (!entraEnPasada(importe, o.pasada))
-                continue;
-            ++nap;
-            const QString ncuenta = a.NCuenta.trimmed();
-            const double debe = pasada == 0 ? importe : 0.0;
-            const double haber = pasada == 0 ? 0.0 : importe;
-            if (a.CasacionN == 0 && a.CasacionH == 0 && ids.at(i) == 0 && o.Clase.isEmpty() &&
-                !a.Punteo)
-                c.preparada(insertarSimple,
-                            {static_cast<qlonglong>(nas), fechaIso, static_cast<qlonglong>(nap),
-                             a.Concepto.left(40).trimmed(), ncuenta, a.Sector.trimmed(),
-                             a.Documento.trimmed(), debe, haber});
-            else
-                c.preparada(insertar,
-                            {static_cast<qlonglong>(nas), fechaIso, static_cast<qlonglong>(nap),
-                             a.Concepto.left(40).trimmed(), ncuenta, a.CasacionN, a.CasacionH,
-                             a.Sector.trimmed(), ids.at(i), a.Documento.trimmed(), debe, haber,
-                             o.Clase, a.Punteo ? -1 : 0});
-            if (o.mayorPendiente && !t) {
-                auto& [d, h] = (*o.mayorPendiente)[ncuenta];
-                d += debe;
-                h += haber;
-            } else {
-                sumarMayor(c, ncuenta, debe, haber);
-            }
+    for (const auto& [i, pasada] : orden) {
+        const Apunte& a = apuntes.at(i);
+        const double importe = Centimos(pasada == 0 ? a.Debe : a.Haber);
+        if (!entraEnPasada(importe, o.pasada))
+            continue;
+        ++nap;
+        const QString ncuenta = a.NCuenta.trimmed();
+        const double debe = pasada == 0 ? importe : 0.0;
+        const double haber = pasada == 0 ? 0.0 : importe;
+        if (a.CasacionN == 0 && a.CasacionH == 0 && ids.at(i) == 0 && o.Clase.isEmpty() &&
+            !a.Punteo)
+            c.preparada(insertarSimple,
+                        {static_cast<qlonglong>(nas), fechaIso, static_cast<qlonglong>(nap),
+                         a.Concepto.left(TamanoCampo(Campo::Concepto)).trimmed(), ncuenta,
+                         a.Sector.trimmed(), a.Documento.trimmed(), debe, haber});
+        else
+            c.preparada(insertar,
+                        {static_cast<qlonglong>(nas), fechaIso, static_cast<qlonglong>(nap),
+                         a.Concepto.left(TamanoCampo(Campo::Concepto)).trimmed(), ncuenta,
+                         a.CasacionN, a.CasacionH, a.Sector.trimmed(), ids.at(i),
+                         a.Documento.trimmed(), debe, haber, o.Clase, a.Punteo ? -1 : 0});
+        if (a.CasacionH != 0)
+            grupos << a.CasacionH;
+        if (o.mayorPendiente && !t) {
+            auto& [d, h] = (*o.mayorPendiente)[ncuenta];
+            d += debe;
+            h += haber;
+        } else {
+            sumarMayor(c, ncuenta, debe, haber);
         }
     }
+    // A line written into a group (an entry rewritten with its marks) may change its balance.
+    if (!grupos.isEmpty())
+        GraduarGrupos(c, grupos);
     if (t)
         t->confirmar();
     if (nas > s.UltimoAsiento)
@@ -150,12 +197,15 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
 
 bool ElimAsiento(Conexion& c, Sesion& s, long nas) {
     Transaccion t(c);
-    QSqlQuery q =
-        c.ejecutar(QStringLiteral("SELECT NCuenta, Debe, Haber, IdIVA FROM Diario WHERE NAs = ?"),
-                   {static_cast<qlonglong>(nas)});
+    QSqlQuery q = c.ejecutar(
+        QStringLiteral("SELECT NCuenta, Debe, Haber, IdIVA, CasacionH FROM Diario WHERE NAs = ?"),
+        {static_cast<qlonglong>(nas)});
     bool hay = false;
+    QList<double> grupos;
     while (q.next()) {
         hay = true;
+        if (const double clave = q.value(4).toDouble(); clave != 0)
+            grupos << clave;
         sumarMayor(c, q.value(0).toString(), -q.value(1).toDouble(), -q.value(2).toDouble());
         const qint64 id = q.value(3).toLongLong();
         if (id != 0)
@@ -164,6 +214,8 @@ bool ElimAsiento(Conexion& c, Sesion& s, long nas) {
     if (!hay)
         return false;
     c.ejecutar(QStringLiteral("DELETE FROM Diario WHERE NAs = ?"), {static_cast<qlonglong>(nas)});
+    // What is left of a group the entry took part in may no longer balance, or now balance.
+    GraduarGrupos(c, grupos);
     float ultimo = s.UltimoAsiento;
     if (nas >= std::lround(s.UltimoAsiento)) {
         const QVariant m = c.escalar(QStringLiteral("SELECT MAX(NAs) FROM Diario"));

@@ -25,6 +25,8 @@ const QHash<QString, QString>& tablaDefectos() {
         t.insert(clave("Valores", "Impresora"), "Predeterminada del sistema");
         t.insert(clave("Valores", "CArea"), "Imagenes");
         t.insert(clave("Valores", "DiasAv"), "7");
+        t.insert(clave("Valores", "ElimAuto"), "SI");
+        t.insert(clave("Valores", "Ruta"), "Nada");
         t.insert(clave("Opciones", "AvisoRepe"), "True");
         for (const char* g : GruposInforme) {
             const QString grupo = QString::fromLatin1(g);

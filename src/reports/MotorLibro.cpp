@@ -241,6 +241,13 @@ void ImpresionLibro::Terminar(const QList<LineaCierre>& cierre) {
         const QList<LineaCierre> lineas =
             cierre.isEmpty() ? QList<LineaCierre>{{diseno_.palabrasTotales, sumas_}} : cierre;
         for (const LineaCierre& l : lineas) {
+            if (l.nota) {
+                p.PonerNegrita(false);
+                p.PonerX(margen_.L);
+                p.Escribir(l.palabras);
+                p.PonerNegrita(true);
+                continue;
+            }
             p.PonerX(XSumas);
             p.EscribirSeguido(l.palabras);
             escribirSumas(l.sumas);

@@ -56,6 +56,8 @@ struct ColumnaLibro {
 struct LineaCierre {
     QString palabras;
     QList<double> sumas; // by sum index, like the running sums
+    // A note in plain type from the left edge, without figures (the day cash's last words).
+    bool nota = false;
 };
 
 struct DisenoLibro {
