@@ -121,22 +121,6 @@ TEST(CierreCli, OpcionesQueSeRechazan) {
     }
     EXPECT_EQ(Cli(e, 2026, {"sumas-saldos"}).salida, sumas);
     EXPECT_FALSE(QFile::exists(e.ruta("Emp100/Quilmar2030.db")));
-
-    // An opening number taken by an ordinary entry of the target.
-    ASSERT_EQ(EjecutarCli(e.dir.path(), {"crear-ejercicio", "--empresa", "Emp100", "--ano", "2027",
-                                         "--desde-ano", "2026"})
-                  .codigo,
-              0);
-    ResultadoCli r = Cli(e, 2027,
-                         {"asiento", "--fecha", "02/01/2027", "--concepto", "Caja", "--debe",
-                          "157000001=10", "--haber", "157200003=10"});
-    ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
-    r = Cli(e, 2026, {"cerrar-ejercicio", "--trasladar-a", "2027", "--si"});
-    EXPECT_EQ(r.codigo, 1);
-    EXPECT_TRUE(r.error.contains("El asiento nº 1 del ejercicio 2027 no es un asiento de "
-                                 "apertura."))
-        << r.error.toStdString();
-    EXPECT_EQ(Cli(e, 2026, {"sumas-saldos"}).salida, sumas);
 }
 
 TEST(CierreCli, ReorganizarUnLibroSano) {
