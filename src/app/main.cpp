@@ -20,6 +20,7 @@
 #include "store/forms/Form102.h"
 #include "store/forms/Form29.h"
 #include "store/forms/Form44.h"
+#include "tax/forms/MenusLibrosIva.h"
 #include "yearend/forms/MenusCierre.h"
 
 #include <QApplication>
@@ -113,6 +114,7 @@ int main(int argc, char** argv) {
     ConectarCuentas(tablero, s, a, d);
     ConectarMantenimiento(tablero, s, a, d);
     ConectarLibros(tablero, s, a, d);
+    ConectarLibrosIva(tablero, s, a, d);
     ConectarCierre(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();

@@ -75,6 +75,7 @@ int SalidaLibroCli(ContextoCli& c, const LibroCli& libro) {
         OpcionesPdf op;
         op.titulo = libro.titulo;
         op.copias = copias;
+        op.orientacion = libro.orientacion;
         if (ImprimirPdf(salida, libro.dibujo, op) == 0)
             c.dialogo.Informar(
                 QStringLiteral("No hay nada que imprimir: no se ha creado %1.").arg(salida));

@@ -16,6 +16,7 @@
 #include "reports/OpcionesLibro.h"
 
 #include <QDate>
+#include <QPageLayout>
 #include <functional>
 
 class ContextoCli;
@@ -34,9 +35,10 @@ extern const QString AyudaSalidaLibro;
 OpcionesLibro OpcionesImpresionCli(ContextoCli& c, const ConfigOpciones& config);
 
 struct LibroCli {
-    QString titulo;                   // of the PDF
-    std::function<Rejilla()> rejilla; // the list window's grid, filled
-    DibujoLibro dibujo;               // the printed book
+    QString titulo;                                               // of the PDF
+    std::function<Rejilla()> rejilla;                             // the list window's grid, filled
+    DibujoLibro dibujo;                                           // the printed book
+    QPageLayout::Orientation orientacion = QPageLayout::Portrait; // of its sheets
 };
 
 // --formato txt|csv|xlsx|pdf (txt by default) and --salida FICHERO (txt and csv go to standard

@@ -242,6 +242,19 @@ std::optional<Rejilla::Tramo> Rejilla::Combinada(int fila) const {
     return Tramo{f.desde, f.hasta};
 }
 
+void Rejilla::PonerColorFila(int fila, quint32 rgb, int desde) {
+    FilaDatos& f = filas_.at(fila);
+    f.colorDesde = qint8(qBound(0, desde, 127));
+    f.color = rgb & 0xFFFFFFu;
+}
+
+std::optional<quint32> Rejilla::Color(int fila, int columna) const {
+    const FilaDatos& f = filas_.at(fila);
+    if (f.colorDesde < 0 || columna < f.colorDesde)
+        return std::nullopt;
+    return f.color;
+}
+
 void Rejilla::Ordenar(int columna, Orden orden, bool ascendente) {
     const int n = Filas();
     std::vector<int> indices(n);

@@ -18,7 +18,8 @@
 //
 // Cells hold no tabs or line breaks (a tab would split the row): they are turned into blanks.
 // Numeric columns (Importe, Entero, Numero) are right-aligned on screen and exported as
-// numbers; Fecha as dates. Bold is kept for the first 64 columns.
+// numbers; Fecha as dates. Bold is kept for the first 64 columns; a row colour starts at any
+// of the first 128.
 
 #include <QDate>
 #include <QList>
@@ -99,6 +100,11 @@ public:
     };
     std::optional<Tramo> Combinada(int fila) const;
 
+    // The text colour of a row from a column on, as 0xRRGGBB (a book's total rows painted apart
+    // from its records); nothing for the default colour.
+    void PonerColorFila(int fila, quint32 rgb, int desde = 0);
+    std::optional<quint32> Color(int fila, int columna) const;
+
     // Stable sort of the rows by one column; bold and merges go with their rows.
     void Ordenar(int columna, Orden orden, bool ascendente = true);
 
@@ -117,6 +123,8 @@ private:
         QString texto; // the cells joined by tabs
         quint64 negritas = 0;
         qint8 desde = -1, hasta = -1;
+        qint8 colorDesde = -1; // within the padding: a row costs no more
+        quint32 color = 0;
     };
     FilaDatos nueva(const QString& celdas) const;
 

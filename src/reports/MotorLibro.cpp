@@ -77,6 +77,10 @@ void ImpresionLibro::CabeceraSiToca() {
     p.EscribirADerecha(QStringLiteral("Fecha: ") + FormatoFecha(op_.fechaTrabajo, "short date"),
                        R());
     p.Escribir(QString());
+    if (!diseno_.subcabecera.isEmpty()) {
+        p.PonerX(L);
+        p.Escribir(diseno_.subcabecera);
+    }
     p.Linea(L, p.Y(), R(), p.Y());
     p.PonerY(p.Y() + 50);
     p.Linea(L, p.Y(), R(), p.Y());

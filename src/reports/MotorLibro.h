@@ -62,6 +62,8 @@ struct DisenoLibro {
     QString titulo;     // at size + 6, bold: "LIBRO DIARIO"
     QString cabecera;   // at size + 3, bold: the company name (or "SubCuenta: " and its name)
     QDate desde, hasta; // "Desde … hasta …" on the same line; invalid: no dates
+    // A line under the company's, at the same size ("Sector: Tienda"); empty: none.
+    QString subcabecera;
     double bajadaCabecera = 150; // pen down after the double rule (250 in trial balance, ledger)
     double bajadaFila = 10;      // pen down after each row (20 in trial balance, ledger)
     double finPagina = 2150;     // T: a page ends when the pen reaches H - T

@@ -2,6 +2,8 @@
 
 #include "platform/Rejilla.h"
 
+#include <QColor>
+
 ModeloRejilla::ModeloRejilla(QObject* padre) : QAbstractTableModel(padre) {
     negrita_.setBold(true);
 }
@@ -39,6 +41,10 @@ QVariant ModeloRejilla::data(const QModelIndex& i, int rol) const {
     case Qt::FontRole:
         if (rejilla_->Negrita(i.row(), i.column()))
             return negrita_;
+        return {};
+    case Qt::ForegroundRole:
+        if (const auto color = rejilla_->Color(i.row(), i.column()))
+            return QColor(QRgb(*color));
         return {};
     case Qt::TextAlignmentRole: {
         // A merged row's text reads from the left whatever its column holds.

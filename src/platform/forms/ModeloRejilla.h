@@ -1,6 +1,7 @@
 #pragma once
-// The Qt model over a Rejilla: rows and cells straight from the grid, bold and right-aligned
-// figures by role. Nothing is copied, so a list of any size costs only the rows on screen.
+// The Qt model over a Rejilla: rows and cells straight from the grid, bold, colour and
+// right-aligned figures by role. Nothing is copied, so a list of any size costs only the rows on
+// screen.
 //
 // Usage: TablaRejilla (TablaRejilla.h) makes and uses one; a window needs it directly only to
 // put the grid in another view. After the logic changes the grid, call recargar().

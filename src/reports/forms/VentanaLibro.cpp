@@ -50,7 +50,11 @@ VentanaLibro::VentanaLibro(Sesion& s, Ajustes& a, Dialogo& d, int numero, const 
     PrepararVentana(this, a, numero);
 }
 
-VentanaLibro::~VentanaLibro() = default;
+VentanaLibro::~VentanaLibro() {
+    // The grid goes before the widgets: a window deleted while shown hides its table afterwards,
+    // and the table must not read the grid then.
+    vista_->mostrar(nullptr);
+}
 
 TablaRejilla* VentanaLibro::tabla() const {
     return vista_->tabla();
