@@ -10,6 +10,7 @@
 #include "posting/EmpresaDemo.h"
 #include "posting/forms/Form1.h"
 #include "posting/forms/MenusMantenimiento.h"
+#include "posting/forms/MenusPlantillas.h"
 #include "reports/forms/MenusLibros.h"
 #include "store/Arranque.h"
 #include "store/CargarEmp.h"
@@ -21,6 +22,7 @@
 #include "store/forms/Form29.h"
 #include "store/forms/Form44.h"
 #include "tax/forms/MenusLibrosIva.h"
+#include "tax/forms/MenusModelos.h"
 #include "yearend/forms/MenusCierre.h"
 
 #include <QApplication>
@@ -113,8 +115,10 @@ int main(int argc, char** argv) {
     Form1 tablero(s, a, d);
     ConectarCuentas(tablero, s, a, d);
     ConectarMantenimiento(tablero, s, a, d);
+    ConectarPlantillas(tablero, s, a, d);
     ConectarLibros(tablero, s, a, d);
     ConectarLibrosIva(tablero, s, a, d);
+    ConectarModelos(tablero, s, a, d);
     ConectarCierre(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();

@@ -35,6 +35,8 @@ constexpr DatosCampo Tabla[] = {
     {Campo::NombreConcepto, "Concepto predefinido", 40},
     {Campo::NombrePeriodico, "Nombre del asiento periódico", 30},
     {Campo::Usuario, "Usuario", 13},
+    {Campo::NombrePredi, "Nombre del asiento prediseñado", 40},
+    {Campo::ComentarioPredi, "Comentario", 100},
 };
 
 const DatosCampo& datos(Campo campo) {

@@ -30,6 +30,8 @@ enum class Campo {
     NombreConcepto,  // Conceptos.Nombre (it becomes a line's Concepto)
     NombrePeriodico, // Periodicos.Nombre
     Usuario,         // Usuarios.Usuario
+    NombrePredi,     // AsPredi.Nombre
+    ComentarioPredi, // AsPredi.Coment
 };
 
 // Most characters the field holds.
