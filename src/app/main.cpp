@@ -2,6 +2,7 @@
 // with its check of a second copy, the installation database, the login, the kind of
 // installation on first use, the board and the access to companies.
 
+#include "assets/forms/MenusInventario.h"
 #include "chart/forms/MenusCuentas.h"
 #include "platform/Ajustes.h"
 #include "platform/Errores.h"
@@ -119,6 +120,7 @@ int main(int argc, char** argv) {
     ConectarLibros(tablero, s, a, d);
     ConectarLibrosIva(tablero, s, a, d);
     ConectarModelos(tablero, s, a, d);
+    ConectarInventario(tablero, s, a, d);
     ConectarCierre(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();

@@ -37,6 +37,9 @@ constexpr DatosCampo Tabla[] = {
     {Campo::Usuario, "Usuario", 13},
     {Campo::NombrePredi, "Nombre del asiento prediseñado", 40},
     {Campo::ComentarioPredi, "Comentario", 100},
+    {Campo::NombreElemento, "Nombre del elemento", 50},
+    {Campo::Proveedor, "Fra / Proveedor", 50},
+    {Campo::Localizacion, "Localización", 30},
 };
 
 const DatosCampo& datos(Campo campo) {

@@ -32,6 +32,9 @@ enum class Campo {
     Usuario,         // Usuarios.Usuario
     NombrePredi,     // AsPredi.Nombre
     ComentarioPredi, // AsPredi.Coment
+    NombreElemento,  // Inventario.Nombre
+    Proveedor,       // Inventario.Proveedor (invoice and supplier)
+    Localizacion,    // Centros.Localizacion
 };
 
 // Most characters the field holds.
