@@ -28,6 +28,7 @@
 #include "tax/forms/MenusLibrosIva.h"
 #include "tax/forms/MenusModelos.h"
 #include "utilities/forms/MenusUtilidades.h"
+#include "yearend/forms/MenusCierre.h"
 
 #include <QApplication>
 #include <QDir>
@@ -134,6 +135,7 @@ int main(int argc, char** argv) {
     ConectarModelos(tablero, s, a, d);
     ConectarInventario(tablero, s, a, d);
     ConectarCajaYPunteo(tablero, s, a, d);
+    ConectarCierre(tablero, s, a, d);
     ConectarVencimientos(tablero, s, a, d);
     ConectarUtilidades(tablero, s, a, d);
     tablero.setPresentacion(&splash);

@@ -74,3 +74,7 @@ struct AltaVerbo {
 
 // Prints a table as tab-separated lines.
 void ImprimirFilas(QTextStream& salida, const QList<QStringList>& filas);
+
+// Progress of long work on standard error, by stage ("Saldos: 40 %"): rewritten in place on a
+// terminal, otherwise a line at each tenth, so that a log stays short.
+std::function<void(const QString& etapa, qint64 hecho, qint64 total)> ProgresoConsola();
