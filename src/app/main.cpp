@@ -10,6 +10,7 @@
 #include "posting/EmpresaDemo.h"
 #include "posting/forms/Form1.h"
 #include "posting/forms/MenusMantenimiento.h"
+#include "reports/forms/MenusAnalisis.h"
 #include "reports/forms/MenusLibros.h"
 #include "store/Arranque.h"
 #include "store/CargarEmp.h"
@@ -114,6 +115,7 @@ int main(int argc, char** argv) {
     ConectarMantenimiento(tablero, s, a, d);
     ConectarLibros(tablero, s, a, d);
     ConectarLibrosIva(tablero, s, a, d);
+    ConectarAnalisis(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();

@@ -58,6 +58,9 @@ struct Verbo {
     // Options of the verb named as a global one (user verbs take --clave for the new password);
     // after the verb they are the verb's.
     QStringList propias = {};
+    // The verb draws with the screens' own drawing (charts): the command runs a widget
+    // application, on the offscreen platform like every other.
+    bool ventanas = false;
 };
 
 // The login of the desktop for the command line: when the installation asks for one, --usuario
