@@ -43,6 +43,18 @@ DisenoLibro DisenoMeses(const QString& titulo, const QString& empresa, const QSt
     return dis;
 }
 
+// When a month's heading is too wide for its column in the print font (bold), every month is
+// headed by its first three letters: "ENE", "FEB"... "SEP".
+QList<ColumnaLibro> MesesQueCaben(QList<ColumnaLibro> columnas, const OpcionesLibro& op) {
+    bool cortar = false;
+    for (int m = 1; m <= 12 && m < columnas.size(); ++m)
+        cortar = cortar || AnchoTextoImpresion(columnas[m].titulo, op.fuente, op.tamano, true) >
+                               columnas[m].ancho - 120;
+    for (int m = 1; cortar && m <= 12 && m < columnas.size(); ++m)
+        columnas[m].titulo = columnas[m].titulo.left(3);
+    return columnas;
+}
+
 // The rows of a month table as they stand in the grid: the first cell, the months and the total
 // (zero months print nothing); rows without a code (headings, totals) in bold.
 void FilasMeses(ImpresionLibro& p, const Rejilla& r, int columnaCodigo) {
@@ -192,9 +204,10 @@ void DibujarMesesIyG(Impresora& imp, const Rejilla& r, const SeleccionMesesIyG& 
     QString linea = QStringLiteral("Año %1").arg(sel.ano);
     if (!sel.sector.trimmed().isEmpty())
         linea += QStringLiteral("     ") + Sector(sel.sector);
-    const DisenoLibro dis =
-        DisenoMeses(TituloMesesIyG, empresa, linea,
-                    ColumnasLibroMeses(QStringLiteral("CUENTA"), m.L, m.d, imp.AnchoPagina()));
+    const DisenoLibro dis = DisenoMeses(
+        TituloMesesIyG, empresa, linea,
+        MesesQueCaben(ColumnasLibroMeses(QStringLiteral("CUENTA"), m.L, m.d, imp.AnchoPagina()),
+                      op));
     QList<double> sinSumas;
     ImpresionLibro p(imp, dis, op, sinSumas);
     p.Empezar();
@@ -211,9 +224,9 @@ void DibujarComparacion(Impresora& imp, const Rejilla& r, const SeleccionCompara
                                  : QStringLiteral("Subcuenta: ") + sel.nombre;
     if (!sel.sector.trimmed().isEmpty())
         linea += QStringLiteral("     ") + Sector(sel.sector);
-    const DisenoLibro dis =
-        DisenoMeses(TituloComparacion, empresa, linea,
-                    ColumnasLibroMeses(QStringLiteral("AÑO"), m.L, m.d, imp.AnchoPagina()));
+    const DisenoLibro dis = DisenoMeses(
+        TituloComparacion, empresa, linea,
+        MesesQueCaben(ColumnasLibroMeses(QStringLiteral("AÑO"), m.L, m.d, imp.AnchoPagina()), op));
     QList<double> sinSumas;
     ImpresionLibro p(imp, dis, op, sinSumas);
     p.Empezar();

@@ -20,11 +20,18 @@ inline const QString Ventas = "370000066", Servicios = "370500067", Diversos = "
                      Banco = "157200003", Capital = "010000004", Resultado = "012900002";
 }
 
-// Income and expense over 2024 in two sectors: income 12.000 + 3.000,50 + 500 = 15.500,50,
-// expense 4.000 + 2.400 + 600,25 = 7.000,25, and a line of Diversos that a second line cancels.
+// Income and expense over 2024 in the sectors "Tienda" and "Web": income 12.000 + 3.000,50 + 500
+// = 15.500,50, expense 4.000 + 2.400 + 600,25 = 7.000,25, and a line of Diversos that a second line
+// cancels.
 inline void AnoDeIngresosYGastos(Entorno& e) {
     using namespace iyg;
     e.crearEmpresa(QStringLiteral("001"), 2024);
+    {
+        Conexion c = e.datos();
+        for (const char* s : {"Tienda", "Web"})
+            c.ejecutar(QStringLiteral("INSERT INTO Sectores (Sector) VALUES (?)"),
+                       {QString::fromLatin1(s)});
+    }
     e.asiento(QDate(2024, 1, 2), {Debe(Banco, 20000), Haber(Capital, 20000)});
     auto conSector = [](Apunte a, const QString& sector) {
         a.Sector = sector;

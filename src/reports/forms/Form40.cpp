@@ -24,6 +24,17 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+namespace {
+
+int IndiceDe(TipoGrafico tipo) {
+    for (int i = 0; i < EntradasGraficos().size(); ++i)
+        if (EntradasGraficos().at(i).tipo == tipo)
+            return i;
+    return -1;
+}
+
+} // namespace
+
 Form40::Form40(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     : QMainWindow(padre, Qt::Window), s_(s), a_(a), d_(d) {
     setObjectName(QStringLiteral("Form40"));
@@ -138,24 +149,25 @@ bool Form40::Mostrar(int indice) {
     if (indice < 0 || indice >= entradas.size())
         return false;
     const EntradaGrafico e = entradas.at(indice);
+    // A cancelled choice leaves the chart on show, and the list says which it is.
+    const auto anular = [this] {
+        const QSignalBlocker b(Combo1);
+        Combo1->setCurrentIndex(indice_);
+        return false;
+    };
     if (e.tipo == TipoGrafico::Cuenta) {
         Form41 f(s_, a_, d_, this);
         if (f.exec() != QDialog::Accepted)
-            return false;
+            return anular();
         return MostrarCuenta(f.cuenta());
     }
     if (e.tipo == TipoGrafico::Anos) {
         Form2 f(s_, a_, d_, this);
         if (f.exec() != QDialog::Accepted)
-            return false;
+            return anular();
         return MostrarAnos(f.seleccion(), f.anos());
     }
-    indice_ = indice;
-    {
-        const QSignalBlocker b(Combo1);
-        Combo1->setCurrentIndex(indice);
-    }
-    return calcular([this, e] {
+    return mostrarDe(indice, [this, e] {
         Conexion c = AbrirDatos(s_);
         switch (e.tipo) {
         case TipoGrafico::IngresosGastos:
@@ -170,14 +182,7 @@ bool Form40::Mostrar(int indice) {
 
 bool Form40::MostrarCuenta(const CuentaGrafico& cuenta) {
     cuenta_ = cuenta;
-    for (int i = 0; i < EntradasGraficos().size(); ++i)
-        if (EntradasGraficos().at(i).tipo == TipoGrafico::Cuenta)
-            indice_ = i;
-    {
-        const QSignalBlocker b(Combo1);
-        Combo1->setCurrentIndex(indice_);
-    }
-    return calcular([this, cuenta] {
+    return mostrarDe(IndiceDe(TipoGrafico::Cuenta), [this, cuenta] {
         Conexion c = AbrirDatos(s_);
         return GraficoCuenta(c, s_, cuenta.ncuenta, cuenta.nombre);
     });
@@ -185,14 +190,20 @@ bool Form40::MostrarCuenta(const CuentaGrafico& cuenta) {
 
 bool Form40::MostrarAnos(const SeleccionAnosGrafico& sel, const QList<int>& anos) {
     anos_ = std::make_pair(sel, anos);
-    for (int i = 0; i < EntradasGraficos().size(); ++i)
-        if (EntradasGraficos().at(i).tipo == TipoGrafico::Anos)
-            indice_ = i;
-    {
-        const QSignalBlocker b(Combo1);
+    return mostrarDe(IndiceDe(TipoGrafico::Anos),
+                     [this, sel, anos] { return GraficoAnos(s_, sel, anos); });
+}
+
+bool Form40::mostrarDe(int indice, const std::function<DatosGrafico()>& calculo) {
+    const QSignalBlocker b(Combo1);
+    Combo1->setCurrentIndex(indice);
+    if (!calcular(calculo)) {
+        // A failure leaves the chart on show, and the list says which it is.
         Combo1->setCurrentIndex(indice_);
+        return false;
     }
-    return calcular([this, sel, anos] { return GraficoAnos(s_, sel, anos); });
+    indice_ = indice;
+    return true;
 }
 
 void Form40::dibujar() {

@@ -16,6 +16,7 @@
 #include "reports/Graficos.h"
 
 #include <QMainWindow>
+#include <functional>
 #include <optional>
 
 class QCheckBox;
@@ -58,6 +59,9 @@ private:
     void pulsarCircular();
     void pulsarCantidades(bool ver);
     bool calcular(const std::function<DatosGrafico()>& calculo);
+    // The chart of an entry of the list, computed; on a failure the list goes back to the chart
+    // on show.
+    bool mostrarDe(int indice, const std::function<DatosGrafico()>& calculo);
     void dibujar();
     void marcarBotones();
 

@@ -6,6 +6,7 @@
 #include "platform/Almacen.h"
 #include "platform/Errores.h"
 #include "platform/forms/ImprimirLibro.h"
+#include "platform/forms/VistaRejilla.h"
 #include "reports/ImpresionIngresosGastos.h"
 #include "store/Conexiones.h"
 #include "store/Ejercicios.h"
@@ -13,11 +14,12 @@
 
 #include <QButtonGroup>
 #include <QComboBox>
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolBar>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -34,7 +36,7 @@ Form42::Form42(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     ponerBarra({{1, accionCerrar()}, {3, accionCopiar()}, {4, imprimir}, {5, accionExportar()}});
 
     auto* panel = new QWidget(this);
-    auto* g = new QGridLayout(panel);
+    auto* g = new QVBoxLayout(panel);
     Combo1 = new QComboBox(panel);
     Combo1->setObjectName(QStringLiteral("Combo1"));
     for (int n = 2; n <= MaximoAnos; ++n)
@@ -80,21 +82,28 @@ Form42::Form42(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Command1->setObjectName(QStringLiteral("Command1"));
     Command1->setDefault(true);
 
-    g->addWidget(new QLabel(QStringLiteral("Seleccione número de años a comparar"), panel), 0, 0, 1,
-                 2);
-    g->addWidget(Combo1, 0, 2);
-    g->addWidget(new QLabel(QStringLiteral("años desde"), panel), 0, 3, Qt::AlignRight);
-    g->addWidget(Combo2, 0, 4);
-    g->addWidget(Command1, 0, 6);
-    g->addWidget(Option1, 1, 0);
-    g->addWidget(Option2, 1, 1);
-    g->addWidget(new QLabel(QStringLiteral("Area"), panel), 1, 2, Qt::AlignRight);
-    g->addWidget(Combo3, 1, 3);
-    g->addWidget(new QLabel(QStringLiteral("Subcuenta"), panel), 1, 4, Qt::AlignRight);
-    g->addWidget(Combo4, 1, 5);
-    g->addWidget(new QLabel(QStringLiteral("Sector  "), panel), 2, 4, Qt::AlignRight);
-    g->addWidget(Combo5, 2, 5);
-    g->setColumnStretch(5, 1);
+    auto* arriba = new QHBoxLayout;
+    arriba->addWidget(new QLabel(QStringLiteral("Seleccione número de años a comparar"), panel));
+    arriba->addWidget(Combo1);
+    arriba->addSpacing(12);
+    arriba->addWidget(new QLabel(QStringLiteral("años desde"), panel));
+    arriba->addWidget(Combo2);
+    arriba->addSpacing(24);
+    arriba->addWidget(new QLabel(QStringLiteral("Sector  "), panel));
+    arriba->addWidget(Combo5);
+    arriba->addStretch(1);
+    arriba->addWidget(Command1);
+    auto* abajo = new QHBoxLayout;
+    abajo->addWidget(Option1);
+    abajo->addWidget(Option2);
+    abajo->addSpacing(24);
+    abajo->addWidget(new QLabel(QStringLiteral("Area"), panel));
+    abajo->addWidget(Combo3);
+    abajo->addSpacing(12);
+    abajo->addWidget(new QLabel(QStringLiteral("Subcuenta"), panel));
+    abajo->addWidget(Combo4, 1);
+    g->addLayout(arriba);
+    g->addLayout(abajo);
     addToolBarBreak();
     auto* barra = addToolBar(QStringLiteral("Selección"));
     barra->setObjectName(QStringLiteral("Toolbar2"));
@@ -105,6 +114,8 @@ Form42::Form42(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     connect(Option1, &QRadioButton::toggled, this, [this] { actualizarCajas(); });
     connect(Command1, &QPushButton::clicked, this, &Form42::Ver);
     actualizarCajas();
+    // The columns stand in sight before the first "&Ver".
+    vista()->mostrar(&rejilla());
     resize(1180, 480);
 }
 

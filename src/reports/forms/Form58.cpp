@@ -40,12 +40,14 @@ Form58::Form58(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Text1->setObjectName(QStringLiteral("Text1"));
     Text1->setReadOnly(true);
     Text1->setPlaceholderText(QStringLiteral("(Todos)"));
-    Text1->setMinimumWidth(160);
+    Text1->setFixedWidth(200);
     fila->addWidget(Text1);
     Command1 = new QPushButton(QStringLiteral("..."), cajas);
     Command1->setObjectName(QStringLiteral("Command1"));
     Command1->setToolTip(QStringLiteral("Elegir el sector"));
+    Command1->setFixedWidth(32);
     fila->addWidget(Command1);
+    fila->addStretch(1);
     if (auto* barra = findChild<QToolBar*>(QStringLiteral("Toolbar1")))
         barra->addWidget(cajas);
     connect(Command1, &QPushButton::clicked, this, &Form58::ElegirSector);

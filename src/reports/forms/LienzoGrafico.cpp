@@ -22,6 +22,7 @@
 namespace {
 
 constexpr double AnchoLogico = 1200;
+constexpr double AnchoEnPantalla = 900;
 // The depth of the 3-D look: a bar's faces go this share of its width right and up; a pie's
 // thickness is this share of its radius.
 constexpr double ProfundidadBarra = 0.35;
@@ -316,7 +317,9 @@ void CrearBarras(QChart* chart, const DatosGrafico& datos, const AspectoGrafico&
         }
         barras->append(conjunto);
     }
-    barras->setBarWidth(dos && !datos.puntosSeparados ? 0.75 : 0.6);
+    // Few bars stay slim instead of filling the whole width.
+    const int puntos = int(datos.puntos.size());
+    barras->setBarWidth(dos && !datos.puntosSeparados ? 0.75 : puntos <= 3 ? 0.35 : 0.6);
     chart->addSeries(barras);
 
     auto* ejeX = new QBarCategoryAxis;
@@ -329,8 +332,12 @@ void CrearBarras(QChart* chart, const DatosGrafico& datos, const AspectoGrafico&
     double masAncha = 0;
     for (const QString& c : ejeX->categories())
         masAncha = qMax(masAncha, medida.horizontalAdvance(c));
-    if (masAncha + 8 > (AnchoLogico - 160) / qMax(1, int(datos.puntos.size())))
+    // The width a chart has on a screen of the board's size, narrower than the pictures.
+    const double porPunto = (AnchoEnPantalla - 160) / qMax(1, int(datos.puntos.size()));
+    if (masAncha + 8 > 1.6 * porPunto)
         ejeX->setLabelsAngle(-90);
+    else if (masAncha + 8 > porPunto)
+        ejeX->setLabelsAngle(-45);
     chart->addAxis(ejeX, Qt::AlignBottom);
     barras->attachAxis(ejeX);
 
