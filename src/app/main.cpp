@@ -2,6 +2,7 @@
 // with its check of a second copy, the installation database, the login, the kind of
 // installation on first use, the board and the access to companies.
 
+#include "assets/forms/MenusInventario.h"
 #include "chart/forms/MenusCuentas.h"
 #include "platform/Ajustes.h"
 #include "platform/Errores.h"
@@ -10,6 +11,7 @@
 #include "posting/EmpresaDemo.h"
 #include "posting/forms/Form1.h"
 #include "posting/forms/MenusMantenimiento.h"
+#include "posting/forms/MenusPlantillas.h"
 #include "reports/forms/MenusAnalisis.h"
 #include "reports/forms/MenusLibros.h"
 #include "store/Arranque.h"
@@ -22,6 +24,7 @@
 #include "store/forms/Form29.h"
 #include "store/forms/Form44.h"
 #include "tax/forms/MenusLibrosIva.h"
+#include "tax/forms/MenusModelos.h"
 
 #include <QApplication>
 #include <QDir>
@@ -113,8 +116,11 @@ int main(int argc, char** argv) {
     Form1 tablero(s, a, d);
     ConectarCuentas(tablero, s, a, d);
     ConectarMantenimiento(tablero, s, a, d);
+    ConectarPlantillas(tablero, s, a, d);
     ConectarLibros(tablero, s, a, d);
     ConectarLibrosIva(tablero, s, a, d);
+    ConectarModelos(tablero, s, a, d);
+    ConectarInventario(tablero, s, a, d);
     ConectarAnalisis(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();

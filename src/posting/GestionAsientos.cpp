@@ -41,7 +41,9 @@ QStringList cabecerasF7() {
     return {QStringLiteral("Cuenta"),    QStringLiteral("Concepto"),  QStringLiteral("Debe"),
             QStringLiteral("Haber"),     QStringLiteral("NCuenta"),   QStringLiteral("IdIVA"),
             QStringLiteral("Documento"), QStringLiteral("CasacionN"), QStringLiteral("CasacionH"),
-            QStringLiteral("Sector"),    QStringLiteral("Cas."),      QStringLiteral("Punteo")};
+            QStringLiteral("Sector"),    QStringLiteral("Cas."),      QStringLiteral("Punteo"),
+            QStringLiteral("Contra"),    QStringLiteral("Factura"),   QStringLiteral("Base"),
+            QStringLiteral("LibroIVA"),  QStringLiteral("Mod347")};
 }
 
 } // namespace
@@ -475,6 +477,12 @@ bool GestionAsientos::capturarIva() {
         l.Concepto = Rejilla.celda(f, ColF7::Concepto);
         l.Debe = Rejilla.celda(f, ColF7::Debe);
         l.Haber = Rejilla.celda(f, ColF7::Haber);
+        // A line made elsewhere offers what it was given.
+        l.Contra = Rejilla.celda(f, ColF7::Contra);
+        l.Factura = Rejilla.celda(f, ColF7::Factura);
+        l.Base = Rejilla.celda(f, ColF7::Base);
+        l.PresetLibro = Rejilla.celda(f, ColF7::LibroIva);
+        l.Preset347 = Rejilla.celda(f, ColF7::L347);
         // A line that had VAT data offers its invoice, operation type and counterparty again.
         QString tipo;
         const qint64 id = Rejilla.celda(f, ColF7::IdIVA).toLongLong();
@@ -596,8 +604,16 @@ void GestionAsientos::NuevoConLineas(const QList<LineaF7>& lineas, const QDate& 
         Rejilla.fijar(f, ColF7::Haber, importe(l.Haber));
         Rejilla.fijar(f, ColF7::NCuenta, l.NCuenta.trimmed());
         Rejilla.fijar(f, ColF7::Documento, l.Documento);
+        Rejilla.fijar(f, ColF7::Sector, l.Sector.trimmed());
         Rejilla.fijar(f, ColF7::Punteo, QStringLiteral("0"));
+        Rejilla.fijar(f, ColF7::Contra, l.Contra.trimmed());
+        Rejilla.fijar(f, ColF7::Factura, l.Factura);
+        Rejilla.fijar(f, ColF7::Base, l.Base);
+        Rejilla.fijar(f, ColF7::LibroIva, l.LibroIva);
+        Rejilla.fijar(f, ColF7::L347, l.L347);
     }
+    if (!lineas.isEmpty())
+        Sector = lineas.first().Sector.trimmed();
     EsNuevo = true;
     LineasCambiadas = true;
     Fecha = Label8 = fechaCorta(fecha);

@@ -36,7 +36,14 @@ enum : int {
     Sector = 9,    //
     Imagen = 10,   // reconciliation picture
     Punteo = 11,   // ticking mark (-1/0), kept through a rewrite; hidden
-    Total = 12
+    // What a new entry made elsewhere offers the VAT screen of a line (all hidden): the
+    // counterparty, invoice and base, and the presets of the two boxes ("True", "False", empty).
+    Contra = 12,
+    Factura = 13,
+    Base = 14,
+    LibroIva = 15,
+    L347 = 16,
+    Total = 17
 };
 }
 
@@ -79,13 +86,20 @@ struct ResultadoF7 {
     QDate fecha;     // the date used, for DateF7
 };
 
-// One line handed in by another screen (a predesigned entry lands here as a new entry).
+// One line handed in by another screen (a predesigned entry lands here as a new entry), with what
+// its VAT screen is to offer.
 struct LineaF7 {
     QString NCuenta;
     QString Concepto;
     double Debe = 0;
     double Haber = 0;
     QString Documento;
+    QString Sector;
+    QString Contra;   // default counterparty
+    QString Factura;  // invoice number offered
+    QString Base;     // base offered; empty to work it out from the quota
+    QString LibroIva; // presets of the two boxes: "True", "False" or empty
+    QString L347;
 };
 
 class GestionAsientos {
@@ -189,7 +203,7 @@ public:
     // The screen emptied to a new entry with the next number; the date stays.
     void Vaciar();
     // A new entry made elsewhere, to be checked and posted here: its lines, the next number, and
-    // its date in the date field and in Label8.
+    // its date in the date field and in Label8. The sector field takes the first line's.
     void NuevoConLineas(const QList<LineaF7>& lineas, const QDate& fecha);
 
     // The highest NAs + 1.

@@ -11,7 +11,8 @@ const QString Estandar = QStringLiteral("standard");
 } // namespace
 
 void ImprimirAsiento(Impresora& imp, const RejillaAsiento& r, const OpcionesAsientoImpreso& o,
-                     const ColumnasAsiento& c, const std::optional<QString>& descuadre) {
+                     const ColumnasAsiento& c, const std::optional<QString>& descuadre,
+                     const QStringList& lineasCabecera) {
     const double izquierda = o.margen;
     const double derecha = imp.AnchoPagina() - 10 * TwipsPorMm;
     const double colHaber = derecha;
@@ -25,13 +26,20 @@ void ImprimirAsiento(Impresora& imp, const RejillaAsiento& r, const OpcionesAsie
         imp.PonerTamano(o.tamano + 3);
         imp.PonerNegrita(true);
         imp.IrA(izquierda, 15 * TwipsPorMm);
-        imp.EscribirSeguido(QStringLiteral("Asiento nº: ") +
-                            Formato(static_cast<double>(o.numero), QStringLiteral("#,##0")));
-        imp.PonerX(colDebe - anchoImporte);
-        imp.Escribir(QStringLiteral("Fecha: ") + o.fecha);
-        if (descuadre) {
+        if (!lineasCabecera.isEmpty()) {
+            for (const QString& linea : lineasCabecera) {
+                imp.PonerX(izquierda);
+                imp.Escribir(linea);
+            }
+        } else {
+            imp.EscribirSeguido(QStringLiteral("Asiento nº: ") +
+                                Formato(static_cast<double>(o.numero), QStringLiteral("#,##0")));
             imp.PonerX(colDebe - anchoImporte);
-            imp.Escribir(QStringLiteral("Descuadre: ") + *descuadre);
+            imp.Escribir(QStringLiteral("Fecha: ") + o.fecha);
+            if (descuadre) {
+                imp.PonerX(colDebe - anchoImporte);
+                imp.Escribir(QStringLiteral("Descuadre: ") + *descuadre);
+            }
         }
         imp.PonerTamano(o.tamano);
         imp.PonerY(imp.Y() + imp.AltoLinea() / 2);

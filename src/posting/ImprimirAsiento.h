@@ -6,6 +6,7 @@
 #include "posting/RejillaAsiento.h"
 
 #include <QString>
+#include <QStringList>
 #include <optional>
 
 class Impresora;
@@ -18,7 +19,10 @@ struct OpcionesAsientoImpreso {
     double margen = 10 * 56.7; // left margin, twips
 };
 
-// With a difference, the heading shows it after "Descuadre: ".
+// With a difference, the heading shows it after "Descuadre: ". Lines given as cabecera stand in
+// place of the number, date and difference (a periodic entry is headed by its name, next date,
+// rhythm and difference).
 void ImprimirAsiento(Impresora& imp, const RejillaAsiento& r, const OpcionesAsientoImpreso& o,
                      const ColumnasAsiento& c = {},
-                     const std::optional<QString>& descuadre = std::nullopt);
+                     const std::optional<QString>& descuadre = std::nullopt,
+                     const QStringList& cabecera = {});

@@ -35,6 +35,11 @@ constexpr DatosCampo Tabla[] = {
     {Campo::NombreConcepto, "Concepto predefinido", 40},
     {Campo::NombrePeriodico, "Nombre del asiento periódico", 30},
     {Campo::Usuario, "Usuario", 13},
+    {Campo::NombrePredi, "Nombre del asiento prediseñado", 40},
+    {Campo::ComentarioPredi, "Comentario", 100},
+    {Campo::NombreElemento, "Nombre del elemento", 50},
+    {Campo::Proveedor, "Fra / Proveedor", 50},
+    {Campo::Localizacion, "Localización", 30},
 };
 
 const DatosCampo& datos(Campo campo) {

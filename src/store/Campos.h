@@ -30,6 +30,11 @@ enum class Campo {
     NombreConcepto,  // Conceptos.Nombre (it becomes a line's Concepto)
     NombrePeriodico, // Periodicos.Nombre
     Usuario,         // Usuarios.Usuario
+    NombrePredi,     // AsPredi.Nombre
+    ComentarioPredi, // AsPredi.Coment
+    NombreElemento,  // Inventario.Nombre
+    Proveedor,       // Inventario.Proveedor (invoice and supplier)
+    Localizacion,    // Centros.Localizacion
 };
 
 // Most characters the field holds.

@@ -12,6 +12,12 @@ Conexion AbrirDatos(const Sesion& s) {
 Conexion AbrirBavar(const Sesion& s) {
     return Conexion(s.rutaBavar(), TipoBase::Bavar);
 }
+void AdjuntarBavar(Conexion& datos, const Sesion& s) {
+    // The company file is checked as AbrirBavar checks it, so that a missing or foreign file is
+    // told by its cause rather than by a failed statement later.
+    { Conexion bavar = AbrirBavar(s); }
+    datos.ejecutar(QStringLiteral("ATTACH DATABASE ? AS Bavar"), {s.rutaBavar()});
+}
 Conexion AbrirAvisos(const Sesion& s) {
     return Conexion(s.rutaBavis(), TipoBase::Bavis);
 }

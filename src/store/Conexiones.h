@@ -12,6 +12,14 @@ Conexion AbrirDatos(const Sesion& s);  // the exercise database
 Conexion AbrirBavar(const Sesion& s);  // the company database
 Conexion AbrirAvisos(const Sesion& s); // the installation database (Bavis)
 Conexion AbrirVias(const Sesion& s);   // the street tables
+// Attaches the company database to a connection of the exercise database under the schema name
+// Bavar, for an action that writes both (a depreciation run posts entries and brings the
+// inventory up): one Transaccion on it then takes the write lock of both files and commits or
+// rolls back both. The company's tables are named Bavar.Inventario and so on, the exercise's as
+// ever. Call it before any transaction is open on the connection.
+//     Conexion c = AbrirDatos(s);
+//     AdjuntarBavar(c, s);
+void AdjuntarBavar(Conexion& datos, const Sesion& s);
 
 // Trimmed name of a subaccount; empty for an empty code; a missing row says "Error en la cuenta."
 QString NombreCuenta(const Sesion& s, Dialogo& dialogo, const QString& ncuenta);

@@ -95,7 +95,8 @@ QString Formato(double valor, const QString& formato) {
     if (f == QLatin1String("00#"))
         return QStringLiteral("%1").arg(static_cast<long long>(Redondear(valor, 0)), 3, 10,
                                         QLatin1Char('0'));
-    if (f == QLatin1String("0.00"))
+    // "#0.#0": the decimal places are held by the last placeholder, so it shows two like "0.00".
+    if (f == QLatin1String("0.00") || f == QLatin1String("#0.#0"))
         return fijo(valor, 2, false, false);
     return fijo(valor, 2, true, false);
 }

@@ -6,7 +6,8 @@
 #include <QString>
 
 // Number formats: "standard" (and "Standard", "#,##0.00"), "General Number", "#,##0", "#,###",
-// "#,###.##", "00#", "0.00". "#,###" and "#,###.##" show zero as nothing.
+// "#,###.##", "00#", "0.00", "#0.#0" (a rate: two decimals, no grouping). "#,###" and "#,###.##"
+// show zero as nothing.
 QString Formato(double valor, const QString& formato);
 // Date formats: "short date" (dd/MM/yyyy), "yy/MM/dd", "yyyy/MM/dd", "MM/dd/yy", or any Qt date
 // pattern. An invalid date gives an empty text.

@@ -34,6 +34,11 @@ namespace {
 
 int abiertos = 0;
 
+QList<Form4::GanchoCrear>& ganchos() {
+    static QList<Form4::GanchoCrear> g;
+    return g;
+}
+
 // Applies the amount filter to a key press on a line edit; true when the key was handled.
 bool teclaEnImporte(QLineEdit* campo, QKeyEvent* k, bool puntoDecimal, bool pitar) {
     if (EsTeclaDeEdicion(k))
@@ -314,6 +319,8 @@ Form4::Form4(Sesion& s, Ajustes& a, Dialogo& d, EstadoTablero& tablero, QWidget*
     resize(1060, 540);
     PrepararVentana(this, a_, 4);
     Date1->setFocus();
+    for (const auto& gancho : ganchos())
+        gancho(*this, s_, a_, d_);
 }
 
 Form4::~Form4() {
@@ -322,6 +329,10 @@ Form4::~Form4() {
 
 bool Form4::Abierto() {
     return abiertos > 0;
+}
+
+void Form4::AlCrear(GanchoCrear gancho) {
+    ganchos() << std::move(gancho);
 }
 
 void Form4::CargarLineas(const QString& nombre1, const QString& ncuenta1, const QString& nombre2,

@@ -30,6 +30,10 @@ public:
 
     // Raised while a posting screen is open.
     static bool Abierto();
+    // Screens built later wire their hooks on every posting screen made from then on.
+    // The hook is given the screen with the session, settings and dialogue it was made with.
+    using GanchoCrear = std::function<void(Form4&, Sesion&, Ajustes&, Dialogo&)>;
+    static void AlCrear(GanchoCrear gancho);
 
     // What the board calls: the two first lines (names and codes, no amounts), the way the last
     // line was added, a further line, the number the entry will probably take, and the names

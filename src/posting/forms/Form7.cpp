@@ -33,6 +33,11 @@ namespace {
 
 QPointer<Form7> abierto;
 
+QList<Form7::GanchoCrear>& ganchos() {
+    static QList<Form7::GanchoCrear> g;
+    return g;
+}
+
 // Amounts on this screen may be negative: a leading minus passes, besides the digits and the
 // decimal mark of the locale ("." and "," are turned into it).
 bool teclaEnImporte(QLineEdit* campo, const QKeyEvent* k, bool puntoDecimal) {
@@ -202,6 +207,8 @@ Form7::Form7(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     MSFlexGrid1->setModel(&k_.Rejilla);
     for (int c : {ColF7::NCuenta, ColF7::IdIVA, ColF7::CasacionN, ColF7::CasacionH, ColF7::Punteo})
         MSFlexGrid1->setColumnHidden(c, true);
+    for (int c = ColF7::Contra; c < ColF7::Total; ++c)
+        MSFlexGrid1->setColumnHidden(c, true);
     MSFlexGrid1->setSelectionBehavior(QAbstractItemView::SelectRows);
     MSFlexGrid1->setSelectionMode(QAbstractItemView::SingleSelection);
     MSFlexGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -344,12 +351,18 @@ Form7::Form7(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     resize(1000, 560);
     PrepararVentana(this, a_, 7);
     Text1->setFocus();
+    for (const auto& gancho : ganchos())
+        gancho(*this, s_, a_, d_);
 }
 
 Form7::~Form7() = default;
 
 Form7* Form7::Abierto() {
     return abierto.data();
+}
+
+void Form7::AlCrear(GanchoCrear gancho) {
+    ganchos() << std::move(gancho);
 }
 
 void Form7::hacer(const std::function<void()>& accion) {
@@ -373,6 +386,12 @@ bool Form7::VMAsiento(long nas) {
 void Form7::Vaciar() {
     hacer([this] { k_.Vaciar(); });
     desdeLogica();
+}
+
+void Form7::NuevoConLineas(const QList<LineaF7>& lineas, const QDate& fecha) {
+    hacer([&] { k_.NuevoConLineas(lineas, fecha); });
+    desdeLogica();
+    MSFlexGrid1->scrollToTop();
 }
 
 void Form7::FijarHacerPeriodico(std::function<void()> accion) {

@@ -30,11 +30,17 @@ public:
 
     // The screen open now, or nullptr.
     static Form7* Abierto();
+    // Screens built later wire their hooks on every maintenance screen made from then on.
+    // The hook is given the screen with the session, settings and dialogue it was made with.
+    using GanchoCrear = std::function<void(Form7&, Sesion&, Ajustes&, Dialogo&)>;
+    static void AlCrear(GanchoCrear gancho);
 
     // Loads an entry, as the board's VMAsiento does. False when it is not in the journal.
     bool VMAsiento(long nas);
     // Empties the screen to a new entry (what it shows went out of date).
     void Vaciar();
+    // A new entry made elsewhere (a predesigned entry), to be checked and posted here.
+    void NuevoConLineas(const QList<LineaF7>& lineas, const QDate& fecha);
 
     GestionAsientos& Logica() { return k_; }
     PantallaIvaForm3& VentanaIva() { return pantalla_; }
