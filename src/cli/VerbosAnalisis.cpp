@@ -23,6 +23,7 @@
 #include "store/Ejercicios.h"
 #include "store/Sesion.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QImageWriter>
 
@@ -337,10 +338,12 @@ int grafico(ContextoCli& c) {
         ImprimirPdf(salida, DibujoGrafico(datos, aspecto), op);
         return 0;
     }
+    // Qt's own reason is in English: the user gets the file and the plain fact, as with csv.
     QImageWriter escritor(salida, "png");
     if (!escritor.write(ImagenGrafico(datos, aspecto, QSize(1200, 800))))
-        throw ErrorQuilmar(QStringLiteral("No se pudo escribir %1: %2")
-                               .arg(QFileInfo(salida).absoluteFilePath(), escritor.errorString()));
+        throw ErrorQuilmar(
+            QStringLiteral("No se pudo escribir el archivo %1.")
+                .arg(QDir::toNativeSeparators(QFileInfo(salida).absoluteFilePath())));
     return 0;
 }
 

@@ -7,6 +7,7 @@
 #include "reports/Graficos.h"
 #include "reports/IngresosGastos.h"
 
+#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QRegularExpression>
@@ -141,4 +142,8 @@ TEST(CliAnalisis, GraficoSeriesDibujoYRechazos) {
     EXPECT_EQ(e.rechazo({"grafico", "gastos", "--formato", "png"}),
               "Indique el fichero png con --salida FICHERO.");
     EXPECT_EQ(e.rechazo({"grafico", "anos", "--anos", "2024"}), MsgGrafArea);
+    // A picture that cannot be written is told in Spanish, naming the file.
+    const QString sinCarpeta = e.ruta("no-existe/gastos.png");
+    EXPECT_EQ(e.rechazo({"grafico", "gastos", "--formato", "png", "--salida", sinCarpeta}),
+              "No se pudo escribir el archivo " + QDir::toNativeSeparators(sinCarpeta) + ".");
 }

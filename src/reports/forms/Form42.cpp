@@ -34,6 +34,9 @@ Form42::Form42(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("Imprimir"),
                                     QStyle::SP_FileIcon, [this] { Imprimir(); });
     ponerBarra({{1, accionCerrar()}, {3, accionCopiar()}, {4, imprimir}, {5, accionExportar()}});
+    // Until "&Ver" has filled the list there is nothing to print, copy or export.
+    for (QAction* a : {imprimir, accionCopiar(), accionExportar()})
+        a->setEnabled(false);
 
     auto* panel = new QWidget(this);
     auto* g = new QVBoxLayout(panel);
@@ -173,6 +176,8 @@ void Form42::Ver() {
         return;
     }
     Llenar([this](const Progreso&) { LlenarComparacion(s_, *sel_, rejilla()); });
+    for (QAction* a : {accion(QStringLiteral("mnuImprimir")), accionCopiar(), accionExportar()})
+        a->setEnabled(true);
 }
 
 void Form42::Refrescar() {

@@ -254,9 +254,14 @@ TEST(Form42, VerConSusReglasYUnAnoSinEjercicio) {
     EXPECT_EQ(e.dialogo.informados,
               (QStringList{MsgCompNumeroAnos, MsgCompPrimerAno, MsgCompArea}));
     EXPECT_EQ(f.rejilla().Filas(), 0);
+    // Nothing to print or export before a comparison stands in the list.
+    EXPECT_FALSE(f.accion("mnuImprimir")->isEnabled());
+    EXPECT_FALSE(f.accion("mnuExportar")->isEnabled());
     Control<QComboBox>(&f, "Combo3")->setCurrentText("3");
     Pulsar(&f, "Command1");
     ASSERT_EQ(f.rejilla().Filas(), 2);
+    EXPECT_TRUE(f.accion("mnuImprimir")->isEnabled());
+    EXPECT_TRUE(f.accion("mnuExportar")->isEnabled());
     EXPECT_EQ(f.rejilla().Celda(0, ColCompTotal), "15.500,50");
     EXPECT_EQ(f.rejilla().Celda(1, ColCompAno), "Año 2025 (sin ejercicio)");
     ASSERT_TRUE(f.seleccion());
