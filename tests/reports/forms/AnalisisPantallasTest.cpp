@@ -256,6 +256,7 @@ TEST(Form42, VerConSusReglasYUnAnoSinEjercicio) {
     EXPECT_EQ(f.rejilla().Filas(), 0);
     // Nothing to print or export before a comparison stands in the list.
     EXPECT_FALSE(f.accion("mnuImprimir")->isEnabled());
+    EXPECT_FALSE(f.accion("mnuCopiar")->isEnabled());
     EXPECT_FALSE(f.accion("mnuExportar")->isEnabled());
     Control<QComboBox>(&f, "Combo3")->setCurrentText("3");
     Pulsar(&f, "Command1");
