@@ -20,6 +20,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -88,14 +89,18 @@ Form40::Form40(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     rejilla->setColumnStretch(0, 1);
     setCentralWidget(cuerpo);
 
-    auto* copiar = new QAction(QStringLiteral("Copiar"), this);
-    copiar->setObjectName(QStringLiteral("mnuGraf"));
-    copiar->setShortcut(QKeySequence::Copy);
-    addAction(copiar);
-    connect(copiar, &QAction::triggered, this, &Form40::Copiar);
-    connect(vista_, &QWidget::customContextMenuRequested, this, [this, copiar](const QPoint& p) {
+    // The copy stands on the window's menu, on the chart's own context menu and on Ctrl+C.
+    copiar_ = new QAction(QStringLiteral("&Copiar"), this);
+    copiar_->setObjectName(QStringLiteral("mnuGraf"));
+    copiar_->setShortcut(QKeySequence::Copy);
+    addAction(copiar_);
+    menuBar()->addMenu(QStringLiteral("&Gráfico"))->addAction(copiar_);
+    connect(copiar_, &QAction::triggered, this, &Form40::Copiar);
+    connect(vista_, &QWidget::customContextMenuRequested, this, [this](const QPoint& p) {
+        if (!datos_)
+            return;
         QMenu menu(this);
-        menu.addAction(copiar);
+        menu.addAction(copiar_);
         menu.exec(vista_->mapToGlobal(p));
     });
 
@@ -128,6 +133,7 @@ void Form40::marcarBotones() {
     const QSignalBlocker b(Check1);
     Check1->setChecked(a.cantidades);
     Command5->setEnabled(datos_.has_value());
+    copiar_->setEnabled(datos_.has_value());
 }
 
 bool Form40::calcular(const std::function<DatosGrafico()>& calculo) {

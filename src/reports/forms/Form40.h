@@ -19,6 +19,7 @@
 #include <functional>
 #include <optional>
 
+class QAction;
 class QCheckBox;
 class QChartView;
 class QComboBox;
@@ -85,4 +86,5 @@ private:
     QPushButton* Command5; // "I&mprimir"
     QPushButton* Command6; // "Ay&uda"
     QPushButton* Command7; // "&Salir"
+    QAction* copiar_;      // mnuGraf, "Copiar": the picture to the clipboard
 };

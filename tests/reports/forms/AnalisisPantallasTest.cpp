@@ -21,6 +21,7 @@
 #include "reports/forms/MenusAnalisis.h"
 #include "reports/forms/MenusLibros.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QBarSeries>
 #include <QChart>
@@ -276,7 +277,11 @@ TEST(Form40, BotonesGuardanElAspectoYRedibujan) {
     f.show();
     EXPECT_EQ(Control<QComboBox>(&f, "Combo1")->count(), 11);
     EXPECT_FALSE(Control<QPushButton>(&f, "Command5")->isEnabled()) << "nothing to print yet";
+    QAction* copiar = f.findChild<QAction*>("mnuGraf");
+    ASSERT_TRUE(copiar);
+    EXPECT_FALSE(copiar->isEnabled()) << "nothing to copy yet";
     ASSERT_TRUE(f.Mostrar(Indice("gastos")));
+    EXPECT_TRUE(copiar->isEnabled());
     EXPECT_TRUE(qobject_cast<QBarSeries*>(Serie(f)));
     EXPECT_EQ(f.vista()->chart()->title(), "Pruebas SL. Gastos del ejercicio. Año 2024");
 
@@ -332,9 +337,9 @@ TEST(Form40, BotonesGuardanElAspectoYRedibujan) {
     EXPECT_TRUE(qobject_cast<QPieSeries*>(Serie(f)));
     EXPECT_EQ(f.vista()->chart()->title(), "     Cuenta: Caja. Año 2024");
 
-    // "Copiar": the picture on the clipboard.
+    // "Copiar" on the window's menu: the picture on the clipboard.
     QApplication::clipboard()->clear();
-    f.Copiar();
+    copiar->trigger();
     const QImage copia = QApplication::clipboard()->image();
     EXPECT_FALSE(copia.isNull());
     EXPECT_EQ(copia.size(), f.imagen().size());
