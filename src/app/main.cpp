@@ -12,6 +12,7 @@
 #include "posting/forms/Form1.h"
 #include "posting/forms/MenusMantenimiento.h"
 #include "posting/forms/MenusPlantillas.h"
+#include "posting/forms/MenusVencimientos.h"
 #include "reports/forms/MenusAnalisis.h"
 #include "reports/forms/MenusLibros.h"
 #include "store/Arranque.h"
@@ -121,6 +122,7 @@ int main(int argc, char** argv) {
     ConectarLibrosIva(tablero, s, a, d);
     ConectarModelos(tablero, s, a, d);
     ConectarInventario(tablero, s, a, d);
+    ConectarVencimientos(tablero, s, a, d);
     ConectarAnalisis(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();

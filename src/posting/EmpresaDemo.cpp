@@ -3,6 +3,7 @@
 #include "journal/Escritor.h"
 #include "platform/Ajustes.h"
 #include "platform/Almacen.h"
+#include "posting/Vencimientos.h"
 #include "store/CargarEmp.h"
 #include "store/Conexiones.h"
 #include "store/Empresas.h"
@@ -97,6 +98,28 @@ void InstalarEmpresaDemo(Sesion& s, Ajustes& a) {
             b.ejecutar(QStringLiteral("INSERT INTO Conceptos (Codigo, Nombre) VALUES (?, ?)"),
                        {conceptos.valor(i, QStringLiteral("Codigo")).toInt(),
                         conceptos.valor(i, QStringLiteral("Nombre"))});
+        // Due dates around the day of installation, so that the board's lights show.
+        const TablaTsv vencimientos = LeerTsv(QStringLiteral(":/data/demo/vencimientos.tsv"));
+        const QDate hoy = QDate::currentDate();
+        const QDateTime ahora = QDateTime::currentDateTime();
+        for (int i = 0; i < vencimientos.filas.size(); ++i) {
+            auto valor = [&](const char* nombre) {
+                return vencimientos.valor(i, QString::fromLatin1(nombre));
+            };
+            Vencimiento v;
+            v.FechaV = hoy.addDays(valor("Dias").toInt());
+            v.FechaE = hoy.addDays(valor("Emision").toInt());
+            v.Tipo = valor("Tipo");
+            v.Forma = valor("Forma");
+            v.NCuenta1 = valor("NCuenta1");
+            v.NCuenta2 = valor("NCuenta2");
+            v.Concepto = valor("Concepto");
+            v.Situacion = valor("Situacion");
+            v.Importe = numero(valor("Importe"));
+            v.Documento = valor("Documento");
+            v.Remesa = valor("Remesa");
+            AnadirVencimiento(b, v, ahora);
+        }
         t.confirmar();
     }
     CargarEjercicio(s);

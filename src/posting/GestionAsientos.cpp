@@ -43,7 +43,7 @@ QStringList cabecerasF7() {
             QStringLiteral("Documento"), QStringLiteral("CasacionN"), QStringLiteral("CasacionH"),
             QStringLiteral("Sector"),    QStringLiteral("Cas."),      QStringLiteral("Punteo"),
             QStringLiteral("Contra"),    QStringLiteral("Factura"),   QStringLiteral("Base"),
-            QStringLiteral("LibroIVA"),  QStringLiteral("Mod347")};
+            QStringLiteral("LibroIVA"),  QStringLiteral("Mod347"),    QStringLiteral("Venc.")};
 }
 
 } // namespace

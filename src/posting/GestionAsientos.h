@@ -43,7 +43,8 @@ enum : int {
     Base = 14,
     LibroIva = 15,
     L347 = 16,
-    Total = 17
+    Venc = 17, // due-date button: "..." on a line with a subaccount
+    Total = 18
 };
 }
 

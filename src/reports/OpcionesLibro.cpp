@@ -71,6 +71,8 @@ ConfigOpciones ConfigFormOpciones(FormOpciones form, const QString& grupoForm90)
         c.grupo = grupoForm90.isEmpty() ? QStringLiteral("Venc") : grupoForm90;
         c.numero = 90;
         c.fuenteSiVacia = ArialNarrow;
+        // A plain and a narrow font: the lists it prints are wide.
+        c.fuentes = QStringList{CourierNew, ArialNarrow};
         if (c.grupo == QLatin1String("Invent"))
             c.titulo = QStringLiteral("Inventario");
         else if (c.grupo == QLatin1String("CDia"))

@@ -15,6 +15,7 @@
 
 #include <QDate>
 #include <QString>
+#include <QStringList>
 
 class Ajustes;
 
@@ -50,6 +51,8 @@ struct ConfigOpciones {
     bool numeroAsiento = false; // "Imprimir Nº de Asiento"
     bool nuevaPagina = false;   // "Nueva página cada Cuenta", "Nueva página cada Subcuenta"
     bool anoAnterior = false;   // "Imprimir Año N-1"
+    // The fonts the font box offers; empty: every font of the system.
+    QStringList fuentes;
 };
 
 // The configuration of a form. FORM90 serves four groups: "Venc", "Invent", "CDia", "Predi".

@@ -40,6 +40,7 @@ constexpr DatosCampo Tabla[] = {
     {Campo::NombreElemento, "Nombre del elemento", 50},
     {Campo::Proveedor, "Fra / Proveedor", 50},
     {Campo::Localizacion, "Localización", 30},
+    {Campo::Remesa, "Remesa", 20},
 };
 
 const DatosCampo& datos(Campo campo) {

@@ -35,6 +35,7 @@ enum class Campo {
     NombreElemento,  // Inventario.Nombre
     Proveedor,       // Inventario.Proveedor (invoice and supplier)
     Localizacion,    // Centros.Localizacion
+    Remesa,          // Vencimientos.Remesa
 };
 
 // Most characters the field holds.

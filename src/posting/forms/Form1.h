@@ -76,9 +76,10 @@ public:
     void cerrarLibros(const QString& tipo = {});
     void refrescarLibros();
 
-    // Screens that don't exist yet, reached through hooks left unset until they do: the
-    // due-date screen preset on a kind ("Cobro", "Pago"; a click on a light), the list of
-    // predesigned entries (F12) and one predesigned entry by its code (Ctrl + three digits).
+    // Screens reached through hooks, set by their subsystem's wiring: the due-date screen
+    // preset on a kind ("Cobro", "Pago"; a click on a light; unset, the lights are off), the
+    // list of predesigned entries (F12) and one predesigned entry by its code (Ctrl + three
+    // digits).
     std::function<void(const QString& tipo)> AbrirVencimientos;
     std::function<void()> AbrirPredisenados;
     std::function<void(int codigo)> AbrirPredisenado;

@@ -168,6 +168,7 @@ Form4::Form4(Sesion& s, Ajustes& a, Dialogo& d, EstadoTablero& tablero, QWidget*
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Quilmar [Contabilizar]"));
     k_.Pantalla = &pantalla_;
+    AbrirVencimientos = VencimientosDeLinea();
 
     Toolbar1 = new QToolBar(this);
     Toolbar1->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -329,6 +330,11 @@ Form4::~Form4() {
 
 bool Form4::Abierto() {
     return abiertos > 0;
+}
+
+Form4::GanchoVencimientos& Form4::VencimientosDeLinea() {
+    static GanchoVencimientos gancho;
+    return gancho;
 }
 
 void Form4::AlCrear(GanchoCrear gancho) {

@@ -50,10 +50,15 @@ public:
     Contabilizar& Logica() { return k_; }
     PantallaIvaForm3& VentanaIva() { return pantalla_; }
 
-    // Screens that don't exist yet, reached through hooks left unset: the due-date screen (a
-    // click on col 12), the calculator ("+" in the amount field, tag "F4N1") and periodic
-    // entries (toolbar button 4). Unset, the cell and the key do nothing and the button is off.
-    std::function<void(const DatosVencimientoLinea&)> AbrirVencimientos;
+    // The due-date screen, pre-filled from a line (a click on col 12). Every new posting screen
+    // takes VencimientosDeLinea(), which the due-date screen's wiring sets; unset, the cell does
+    // nothing.
+    using GanchoVencimientos = std::function<void(const DatosVencimientoLinea&)>;
+    GanchoVencimientos AbrirVencimientos;
+    static GanchoVencimientos& VencimientosDeLinea();
+    // Screens that don't exist yet, reached through hooks left unset: the calculator ("+" in the
+    // amount field, tag "F4N1") and periodic entries (toolbar button 4). Unset, the key does
+    // nothing and the button is off.
     std::function<void(QLineEdit*)> AbrirCalculadora;
     void FijarHacerPeriodico(std::function<void()> accion);
     // Printing the entry (toolbar button 1): the print preview of the lines as they stand.

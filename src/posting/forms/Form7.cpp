@@ -6,6 +6,7 @@
 #include "platform/forms/ImprimirLibro.h"
 #include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
+#include "posting/GestionVencimientos.h"
 #include "posting/ImprimirAsiento.h"
 #include "posting/forms/Form1.h"
 #include "posting/forms/Form4.h"
@@ -57,12 +58,18 @@ bool teclaEnImporte(QLineEdit* campo, const QKeyEvent* k, bool puntoDecimal) {
     return true;
 }
 
-// The reconciliation picture of a marked line.
+// The reconciliation picture of a marked line, and the due-date button of a line.
 class DelegadoF7 : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
     void paint(QPainter* p, const QStyleOptionViewItem& o, const QModelIndex& i) const override {
         QStyledItemDelegate::paint(p, o, i);
+        if (i.column() == ColF7::Venc) {
+            if (!i.siblingAtColumn(ColF7::NCuenta).data().toString().trimmed().isEmpty() &&
+                Form7::VencimientosDeLinea())
+                p->drawText(o.rect, Qt::AlignCenter, QStringLiteral("..."));
+            return;
+        }
         if (i.column() != ColF7::Imagen)
             return;
         const int n = i.data(RejillaAsiento::RolImagen).toInt();
@@ -207,14 +214,15 @@ Form7::Form7(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     MSFlexGrid1->setModel(&k_.Rejilla);
     for (int c : {ColF7::NCuenta, ColF7::IdIVA, ColF7::CasacionN, ColF7::CasacionH, ColF7::Punteo})
         MSFlexGrid1->setColumnHidden(c, true);
-    for (int c = ColF7::Contra; c < ColF7::Total; ++c)
+    for (int c = ColF7::Contra; c <= ColF7::L347; ++c)
         MSFlexGrid1->setColumnHidden(c, true);
     MSFlexGrid1->setSelectionBehavior(QAbstractItemView::SelectRows);
     MSFlexGrid1->setSelectionMode(QAbstractItemView::SingleSelection);
     MSFlexGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
     MSFlexGrid1->verticalHeader()->setVisible(false);
     MSFlexGrid1->setItemDelegate(new DelegadoF7(this));
-    const int anchos[ColF7::Total] = {220, 240, 100, 100, 0, 0, 100, 0, 0, 110, 40, 0};
+    const int anchos[ColF7::Total] = {220, 240, 100, 100, 0, 0, 100, 0, 0,
+                                      110, 40,  0,   0,   0, 0, 0,   0, 40};
     for (int i = 0; i < ColF7::Total; ++i)
         if (anchos[i] > 0)
             MSFlexGrid1->setColumnWidth(i, anchos[i]);
@@ -496,9 +504,23 @@ int Form7::filaActual() const {
     return i.isValid() ? i.row() + 1 : 0;
 }
 
+Form7::GanchoVencimientos& Form7::VencimientosDeLinea() {
+    static GanchoVencimientos gancho;
+    return gancho;
+}
+
 void Form7::clicEnRejilla(const QModelIndex& indice) {
     if (!indice.isValid())
         return;
+    if (indice.column() == ColF7::Venc) {
+        const int fila = indice.row() + 1;
+        if (VencimientosDeLinea() && fila <= k_.Rejilla.ultima() &&
+            !k_.Rejilla.celda(fila, ColF7::NCuenta).trimmed().isEmpty()) {
+            aLogica();
+            VencimientosDeLinea()(VencimientoDeLineaF7(k_.Rejilla, fila, s_, k_.Fecha));
+        }
+        return;
+    }
     aLogica();
     hacer([&] { k_.SeleccionarLinea(indice.row() + 1); });
     desdeLogica();

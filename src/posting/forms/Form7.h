@@ -49,6 +49,10 @@ public:
     // "Pred." field on Enter, with a three-digit code). Unset, the button and the field are off.
     void FijarHacerPeriodico(std::function<void()> accion);
     void FijarPredisenado(std::function<void(const QString&)> accion);
+    // The due-date screen, pre-filled from a line: a click on the line's "..." (col Venc). Set by
+    // the due-date screen's wiring; unset, the cell shows nothing.
+    using GanchoVencimientos = std::function<void(const DatosVencimientoLinea&)>;
+    static GanchoVencimientos& VencimientosDeLinea();
 
     // The controls, by their names.
     QLineEdit* Text1; // entry number

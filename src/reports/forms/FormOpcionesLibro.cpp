@@ -51,7 +51,7 @@ FormOpcionesLibro::FormOpcionesLibro(const ConfigOpciones& config, Ajustes& a, D
     Combo1 = new QComboBox;
     Combo1->setObjectName(QStringLiteral("Combo1"));
     Combo1->setEditable(true);
-    Combo1->addItems(FuentesImpresion());
+    Combo1->addItems(config.fuentes.isEmpty() ? FuentesImpresion() : config.fuentes);
     Combo1->setCurrentText(inicial.fuente);
     Combo2 = new QComboBox;
     Combo2->setObjectName(QStringLiteral("Combo2"));
