@@ -28,23 +28,23 @@ Form13::Form13(Sesion& s, Ajustes& a, Dialogo& d, const SeleccionIyG& sel, QWidg
     rejilla() = RejillaTotalesIyG();
 
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("Imprimir"),
-                                    QStyle::SP_FileIcon, [this] { Imprimir(); });
+                                    Accion::Imprimir, [this] { Imprimir(); });
     QAction* porCuenta =
         nuevaAccion(QStringLiteral("mnuOrdenar"), QStringLiteral("Ordenar por &Cuentas"),
-                    QStyle::SP_ArrowUp, [this] { Ordenar(OrdenIyG::Cuenta); });
+                    std::nullopt, [this] { Ordenar(OrdenIyG::Cuenta); });
     QAction* porImporte =
         nuevaAccion(QStringLiteral("mnuOrdenImportes"), QStringLiteral("Ordenar por &Importes"),
-                    QStyle::SP_ArrowDown, [this] { Ordenar(OrdenIyG::Importe); });
+                    std::nullopt, [this] { Ordenar(OrdenIyG::Importe); });
     QAction* movimientos =
         nuevaAccion(QStringLiteral("mnuMovCta"), QStringLiteral("Ver movimientos Cuenta"),
-                    QStyle::SP_FileDialogInfoView, [this] { verMovimientos(filaActual()); });
+                    Accion::Movimientos, [this] { verMovimientos(filaActual()); });
+    // The two orders have no picture of their own: they stand on the "Ordenar" menu and the
+    // grid's context menu.
     ponerBarra({{1, accionCerrar()},
                 {3, accionCopiar()},
                 {4, imprimir},
                 {5, accionExportar()},
-                {7, porCuenta},
-                {8, porImporte},
-                {10, movimientos}});
+                {7, movimientos}});
     alMenu(porCuenta);
     alMenu(porImporte);
     alMenu(movimientos);

@@ -24,10 +24,10 @@ Form31::Form31(Sesion& s, Ajustes& a, Dialogo& d, const SeleccionListaIyG& sel, 
     rejilla() = RejillaListaIyG();
 
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("Imprimir"),
-                                    QStyle::SP_FileIcon, [this] { Imprimir(); });
+                                    Accion::Imprimir, [this] { Imprimir(); });
     QAction* ver =
         nuevaAccion(QStringLiteral("mnuVerAsiento"), QStringLiteral("Ver/Modificar Asiento"),
-                    QStyle::SP_FileDialogContentsView, [this] { verAsiento(filaActual()); });
+                    Accion::VerAsiento, [this] { verAsiento(filaActual()); });
     ver->setEnabled(static_cast<bool>(Form5::VerModificarAsiento()));
     ponerBarra(
         {{1, accionCerrar()}, {3, accionCopiar()}, {4, imprimir}, {5, accionExportar()}, {7, ver}});

@@ -32,7 +32,7 @@ Form42::Form42(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     setObjectName(QStringLiteral("Form42"));
     rejilla() = RejillaComparacion();
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("Imprimir"),
-                                    QStyle::SP_FileIcon, [this] { Imprimir(); });
+                                    Accion::Imprimir, [this] { Imprimir(); });
     ponerBarra({{1, accionCerrar()}, {3, accionCopiar()}, {4, imprimir}, {5, accionExportar()}});
     // Until "&Ver" has filled the list there is nothing to print, copy or export.
     for (QAction* a : {imprimir, accionCopiar(), accionExportar()})

@@ -24,7 +24,7 @@ Form58::Form58(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     rejilla() = RejillaMesesIyG();
 
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("Imprimir"),
-                                    QStyle::SP_FileIcon, [this] { Imprimir(); });
+                                    Accion::Imprimir, [this] { Imprimir(); });
     ponerBarra({{1, accionCerrar()}, {3, accionCopiar()}, {4, imprimir}, {5, accionExportar()}});
 
     // The year and the sector stand in the toolbar, beside the buttons.
