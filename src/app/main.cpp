@@ -15,6 +15,7 @@
 #include "posting/forms/MenusMantenimiento.h"
 #include "posting/forms/MenusPlantillas.h"
 #include "posting/forms/MenusVencimientos.h"
+#include "reports/forms/MenusAnalisis.h"
 #include "reports/forms/MenusLibros.h"
 #include "store/Arranque.h"
 #include "store/CargarEmp.h"
@@ -138,6 +139,7 @@ int main(int argc, char** argv) {
     ConectarCierre(tablero, s, a, d);
     ConectarVencimientos(tablero, s, a, d);
     ConectarUtilidades(tablero, s, a, d);
+    ConectarAnalisis(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();

@@ -60,6 +60,9 @@ struct Verbo {
     QStringList propias = {};
     // Runs before the folder of the companies is read from PLoc.dat (the verb that repairs it).
     bool antesDeDatos = false;
+    // The verb draws with the screens' own drawing (charts): the command runs a widget
+    // application, on the offscreen platform like every other.
+    bool ventanas = false;
 };
 
 // The login of the desktop for the command line: when the installation asks for one, --usuario
