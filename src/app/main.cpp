@@ -15,6 +15,7 @@
 #include "posting/forms/MenusMantenimiento.h"
 #include "posting/forms/MenusPlantillas.h"
 #include "posting/forms/MenusVencimientos.h"
+#include "reports/forms/MenusAnalisis.h"
 #include "reports/forms/MenusLibros.h"
 #include "store/Arranque.h"
 #include "store/CargarEmp.h"
@@ -28,8 +29,12 @@
 #include "tax/forms/MenusLibrosIva.h"
 #include "tax/forms/MenusModelos.h"
 #include "utilities/forms/MenusUtilidades.h"
+<<<<<<< HEAD
 #include "yearend/Adaptacion.h"
 #include "yearend/forms/MenusAdaptacion.h"
+=======
+#include "yearend/forms/MenusCierre.h"
+>>>>>>> main
 
 #include <QApplication>
 #include <QDir>
@@ -137,9 +142,14 @@ int main(int argc, char** argv) {
     ConectarModelos(tablero, s, a, d);
     ConectarInventario(tablero, s, a, d);
     ConectarCajaYPunteo(tablero, s, a, d);
+    ConectarCierre(tablero, s, a, d);
     ConectarVencimientos(tablero, s, a, d);
     ConectarUtilidades(tablero, s, a, d);
+<<<<<<< HEAD
     ConectarAdaptacion(tablero, s, a, d);
+=======
+    ConectarAnalisis(tablero, s, a, d);
+>>>>>>> main
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();

@@ -50,7 +50,16 @@ struct OpcionesEscritura {
     // Empty: a new number, MAX(NAs) + 1; otherwise this number (rewriting), 0 included, since an
     // entry can be renumbered to 0.
     std::optional<long> numero;
-    QString Clase; // "R", "F", "I" for the year close; empty on ordinary entries
+    // "R", "F", "I" for the year close; empty on ordinary entries. The regularisation and final
+    // entries are the close itself, so they are written into an exercise already marked closed.
+    QString Clase;
+    // False: debit lines first, then credit lines, as every entry a user makes. True: the lines
+    // in the order given, each with its own debit and credit (the year close lists them by
+    // account or by balance).
+    bool enOrden = false;
+    // The exercise written: empty for the connection's own database, or the alias of another
+    // one attached to it (BaseAdjunta), whose Diario, Mayor and Empresa are then the ones used.
+    QString base;
     bool comprobarFecha = true;
     // False when the caller has already checked every subaccount against the chart.
     bool comprobarCuentas = true;
@@ -92,10 +101,11 @@ long EscribirAsiento(Conexion& c, Sesion& s, const QDate& fecha, const QList<Apu
 // Deletes an entry: its journal lines, their VAT records, and their amounts from Mayor, in one
 // transaction; the matching groups its lines belonged to are graded again by what is left, and
 // UltimoAsiento is lowered when the last entry goes. False when the number has no lines.
-bool ElimAsiento(Conexion& c, Sesion& s, long nas);
+// base: as in OpcionesEscritura, the exercise attached under that alias.
+bool ElimAsiento(Conexion& c, Sesion& s, long nas, const QString& base = {});
 
 // Adds gathered totals (debit, credit) to Mayor.
 void SumarMayor(Conexion& c, const QHash<QString, std::pair<double, double>>& totales);
 
 // Subaccounts whose Mayor totals differ from the sums of their journal lines (to the cent).
-QStringList DescuadresMayor(Conexion& c);
+QStringList DescuadresMayor(Conexion& c, const QString& base = {});

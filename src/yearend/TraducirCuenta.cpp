@@ -6,6 +6,10 @@
 
 #include <QDir>
 
+bool TraduccionNecesaria(int anoOrigen, int anoDestino) {
+    return anoOrigen < 2008 && anoDestino >= 2008;
+}
+
 QString RutaTransnp(const Sesion& s) {
     return QDir(s.carpetaEmpresa()).filePath(QStringLiteral("Transnp.dat"));
 }
@@ -40,4 +44,9 @@ QString TraducirCon(const QList<RegistroTransnp>& registros, const QString& ncue
 
 QString TraducirCuenta(const Sesion& s, const QString& ncuenta) {
     return TraducirCon(LeerTransnp(RutaTransnp(s)), ncuenta);
+}
+
+QString NombreTraducido(const QString& nombre) {
+    const QString n = nombre.trimmed();
+    return (n.size() < 4 ? n : n.left(n.size() - 4)) + QStringLiteral("(*)");
 }

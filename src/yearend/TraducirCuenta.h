@@ -10,6 +10,9 @@
 
 struct Sesion;
 
+// Whether balances carried from anoOrigen into anoDestino change code.
+bool TraduccionNecesaria(int anoOrigen, int anoDestino);
+
 struct RegistroTransnp {
     QString antiguo;
     QString nuevo;
@@ -29,3 +32,8 @@ QString TraducirCon(const QList<RegistroTransnp>& registros, const QString& ncue
 
 // The same over the company's Transnp.dat.
 QString TraducirCuenta(const Sesion& s, const QString& ncuenta);
+
+// The name of a subaccount created in the target under a translated code: its last four
+// characters give way to "(*)", which asks the user to review it. A name too short to cut keeps
+// all of it.
+QString NombreTraducido(const QString& nombre);
