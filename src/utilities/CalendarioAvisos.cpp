@@ -52,14 +52,7 @@ QList<Aviso> AvisosDelDia(const QList<Aviso>& avisos, const QDate& dia, const QD
     return r;
 }
 
-const QStringList& NombresMeses() {
-    static const QStringList m{
-        QStringLiteral("Enero"),   QStringLiteral("Febrero"),   QStringLiteral("Marzo"),
-        QStringLiteral("Abril"),   QStringLiteral("Mayo"),      QStringLiteral("Junio"),
-        QStringLiteral("Julio"),   QStringLiteral("Agosto"),    QStringLiteral("Septiembre"),
-        QStringLiteral("Octubre"), QStringLiteral("Noviembre"), QStringLiteral("Diciembre")};
-    return m;
-}
+// NombresMeses() is the one of the books (reports/IngresosGastos.cpp): the same twelve names.
 
 const QStringList& NombresDias() {
     static const QStringList d{QStringLiteral("Lun"), QStringLiteral("Mar"), QStringLiteral("Mié"),
