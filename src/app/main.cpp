@@ -29,12 +29,9 @@
 #include "tax/forms/MenusLibrosIva.h"
 #include "tax/forms/MenusModelos.h"
 #include "utilities/forms/MenusUtilidades.h"
-<<<<<<< HEAD
 #include "yearend/Adaptacion.h"
 #include "yearend/forms/MenusAdaptacion.h"
-=======
 #include "yearend/forms/MenusCierre.h"
->>>>>>> main
 
 #include <QApplication>
 #include <QDir>
@@ -145,11 +142,8 @@ int main(int argc, char** argv) {
     ConectarCierre(tablero, s, a, d);
     ConectarVencimientos(tablero, s, a, d);
     ConectarUtilidades(tablero, s, a, d);
-<<<<<<< HEAD
-    ConectarAdaptacion(tablero, s, a, d);
-=======
     ConectarAnalisis(tablero, s, a, d);
->>>>>>> main
+    ConectarAdaptacion(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();
