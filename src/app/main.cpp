@@ -3,6 +3,7 @@
 // installation on first use, the board and the access to companies.
 
 #include "assets/forms/MenusInventario.h"
+#include "assets/forms/MenusPresupuestos.h"
 #include "chart/forms/MenusCuentas.h"
 #include "platform/Ajustes.h"
 #include "platform/Errores.h"
@@ -25,6 +26,7 @@
 #include "store/forms/Form44.h"
 #include "tax/forms/MenusLibrosIva.h"
 #include "tax/forms/MenusModelos.h"
+#include "utilities/forms/MenusCalculadora.h"
 
 #include <QApplication>
 #include <QDir>
@@ -121,6 +123,8 @@ int main(int argc, char** argv) {
     ConectarLibrosIva(tablero, s, a, d);
     ConectarModelos(tablero, s, a, d);
     ConectarInventario(tablero, s, a, d);
+    ConectarPresupuestos(tablero, s, a, d);
+    ConectarCalculadora(tablero, s, a, d);
     ConectarVencimientos(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
