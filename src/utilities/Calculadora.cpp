@@ -262,6 +262,9 @@ void Calculadora::Tecla(TeclaCalc t, bool conCtrl, bool conMayus) {
         return;
     case TeclaCalc::CambioSigno:
         if (tecleando_ && !entrada_.isEmpty()) {
+            // The sign goes into the figure being typed, so that more digits keep it.
+            entrada_ = entrada_.startsWith(QLatin1Char('-')) ? entrada_.mid(1)
+                                                             : QLatin1Char('-') + entrada_;
             valor_ = -valor_;
             pantalla_ = pantalla_.startsWith(QLatin1Char('-')) ? pantalla_.mid(1)
                                                                : QLatin1Char('-') + pantalla_;

@@ -43,7 +43,8 @@ TEST(CliPresupuestos, CrearListarYComparar) {
 
     r = cli({"presupuesto-comparar", "Plan", "--formato", "csv"});
     ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
-    EXPECT_TRUE(r.salida.contains("Ventas de mercaderías;1.200,00;500,00;-700,00")) << r.salida.toStdString();
+    EXPECT_TRUE(r.salida.contains("Ventas de mercaderías;1.200,00;500,00;-700,00"))
+        << r.salida.toStdString();
     // The income line has no months: a range of months budgets nothing for it.
     r = cli({"presupuesto-comparar", "Plan", "--desde-mes", "3", "--hasta-mes", "4"});
     ASSERT_EQ(r.codigo, 0) << r.error.toStdString();

@@ -86,6 +86,12 @@ TEST(Calculadora, CadenaPorcentajeYSigno) {
     EXPECT_DOUBLE_EQ(k.Valor(), 30);
     k.Tecla(TeclaCalc::CambioSigno);
     EXPECT_EQ(k.Pantalla(), "-30,00");
+    // A sign changed while typing stays with the digits typed after it.
+    k.Teclear("12");
+    k.Tecla(TeclaCalc::CambioSigno);
+    k.Teclear("3");
+    EXPECT_EQ(k.Pantalla(), "-123");
+    EXPECT_DOUBLE_EQ(k.Valor(), -123);
     k.Teclear("1");
     k.Tecla(TeclaCalc::Dividir);
     k.Teclear("0");

@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <cmath>
+#include <tuple>
 
 namespace {
 

@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <QPointer>
+#include <functional>
 
 class Ajustes;
 class Calculadora;

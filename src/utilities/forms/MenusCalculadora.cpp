@@ -4,6 +4,8 @@
 #include "posting/forms/Form4.h"
 #include "utilities/forms/Form32.h"
 
+#include <QLineEdit>
+
 void ConectarCalculadora(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
     Form1* t = &tablero;
     tablero.Conectar(QStringLiteral("mnuCalculadora"), [t, &s, &a, &d] {
