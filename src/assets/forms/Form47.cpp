@@ -85,6 +85,7 @@ PanelPresupuesto::PanelPresupuesto(Sesion& s, Ajustes& a, Dialogo& d, char tipo,
         auto* mes = new QLineEdit(caja);
         mes->setObjectName(QStringLiteral("Mes%1").arg(m));
         mes->setAlignment(Qt::AlignRight);
+        mes->setMinimumWidth(30);
         mes->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(mes, &QLineEdit::editingFinished, this, [this, m] { alSalirMes(m); });
         connect(mes, &QWidget::customContextMenuRequested, this, [this, m, mes](const QPoint& p) {
@@ -349,7 +350,10 @@ void PanelPresupuesto::ponerPartida(const PartidaPresupuesto& p) {
     const int fila = lista_->rowCount();
     lista_->insertRow(fila);
     auto poner = [&](int c, const QString& t) {
-        lista_->setItem(fila, c, new QTableWidgetItem(t));
+        auto* it = new QTableWidgetItem(t);
+        if (c == 1 || c >= 3)
+            it->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        lista_->setItem(fila, c, it);
     };
     poner(0, p.Cuenta.isEmpty() ? p.NCuenta : p.Cuenta);
     poner(1, Formato(p.Anual, Std));
@@ -442,7 +446,7 @@ Form47::Form47(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre, const QString&
             (q.Tipo == 'I' ? entradas_ : salidas_)->ponerPartida(q);
     }
     PrepararVentana(this, a_);
-    resize(qMax(width(), 1200), qMax(height(), 640));
+    resize(qMax(width(), 1100), qMax(height(), 600));
 }
 
 Presupuesto Form47::presupuesto() const {

@@ -4,6 +4,7 @@
 #include "platform/Dialogo.h"
 #include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
+#include "store/Formato.h"
 #include "utilities/Calculadora.h"
 #include "utilities/forms/Form33.h"
 
@@ -192,7 +193,8 @@ void Form32::refrescar() {
     pagos_->setText(k_.Pagos());
     const QString fmt = k_.pesetas ? QStringLiteral("#,##0") : QStringLiteral("standard");
     registros_->setText(QStringLiteral("n = %1   i = %2 %   VA = %3   Pmt = %4   VF = %5")
-                            .arg(k_.FormatoPantalla(k_.n, 0 < std::fmod(k_.n, 1.0) ? 2 : 0),
+                            .arg(std::fmod(k_.n, 1.0) != 0 ? k_.FormatoPantalla(k_.n, 2)
+                                                           : Formato(k_.n, QStringLiteral("#,##0")),
                                  k_.FormatoPantalla(k_.i, 4), k_.FormatoPantalla(k_.PV),
                                  k_.FormatoPantalla(k_.PMT), k_.FormatoPantalla(k_.FV)));
 }
