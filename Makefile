@@ -5,7 +5,7 @@ BUILD ?= build
 JOBS ?= $(shell nproc)
 export CCACHE_BASEDIR := $(CURDIR)
 
-.PHONY: all deps configure build test run bench clean format
+.PHONY: all deps configure build test run bench fuzz clean format
 
 all: build
 
@@ -34,5 +34,9 @@ bench: deps
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i
 
+# Fuzz targets of the parsers of outside input (clang, libFuzzer), ten minutes each by default.
+fuzz: deps
+	./scripts/fuzz.sh $(BUILD)-fuzz
+
 clean:
-	rm -rf $(BUILD) $(BUILD)-bench
+	rm -rf $(BUILD) $(BUILD)-bench $(BUILD)-fuzz

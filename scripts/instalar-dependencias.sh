@@ -5,6 +5,7 @@ set -euo pipefail
 PAQUETES=(
   build-essential cmake pkg-config ninja-build
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-charts-dev libqt6opengl6-dev qt6-qpa-plugins
+  qt6-translations-l10n
   libgl-dev libxkbcommon-dev
   libsodium-dev libxlsxwriter-dev zlib1g-dev libsqlite3-dev
   libgtest-dev libgmock-dev googletest libbenchmark-dev

@@ -8,6 +8,7 @@
 #include "platform/Ajustes.h"
 #include "platform/Errores.h"
 #include "platform/Letras.h"
+#include "platform/Traducciones.h"
 #include "platform/forms/DialogoVentanas.h"
 #include "posting/EmpresaDemo.h"
 #include "posting/forms/Form1.h"
@@ -49,6 +50,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quilmar"));
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+    CargarTraduccionesQt(app);
     SustituirLetras();
 
     Sesion s;
@@ -70,8 +72,16 @@ int main(int argc, char** argv) {
     Form29 splash(a);
     splash.show();
     QApplication::processEvents();
-    if (ExistePLoc(s))
-        s.DataPath = LeerPLoc(s);
+    if (ExistePLoc(s)) {
+        // A damaged PLoc.dat, or a server folder out of reach, is told; the question of the kind
+        // of installation that follows lets the user set it right.
+        try {
+            s.DataPath = CarpetaDatos(s);
+        } catch (const ErrorQuilmar& e) {
+            splash.hide();
+            d.Informar(e.mensaje());
+        }
+    }
 
     // The installation database; the program cannot go on without it.
     bool nueva = false;

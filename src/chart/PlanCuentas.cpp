@@ -87,7 +87,7 @@ QString guardaEliminarSubcuenta(Sesion& s, Conexion& datos, const QString& n,
                 return msgDiario;
             continue;
         }
-        Conexion otro(s.rutaEjercicio(ano), TipoBase::Ejercicio);
+        Conexion otro = AbrirBaseEmpresa(s, s.rutaEjercicio(ano), TipoBase::Ejercicio);
         if (otro.existe(sqlDiario, {n}))
             return msgDiario;
     }

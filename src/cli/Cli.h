@@ -58,6 +58,8 @@ struct Verbo {
     // Options of the verb named as a global one (user verbs take --clave for the new password);
     // after the verb they are the verb's.
     QStringList propias = {};
+    // Runs before the folder of the companies is read from PLoc.dat (the verb that repairs it).
+    bool antesDeDatos = false;
 };
 
 // The login of the desktop for the command line: when the installation asks for one, --usuario

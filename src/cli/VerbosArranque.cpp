@@ -5,9 +5,11 @@
 #include "platform/Ajustes.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "store/Arranque.h"
 #include "store/Conexiones.h"
 #include "store/Ejercicios.h"
 #include "store/Empresas.h"
+#include "store/Instalacion.h"
 #include "store/ListasEmpresas.h"
 #include "store/Sesion.h"
 #include "store/Usuarios.h"
@@ -120,6 +122,29 @@ int eliminarEmpresa(ContextoCli& c) {
     return 0;
 }
 
+// Shows or sets the kind of installation: what the desktop asks at its first start.
+int instalacion(ContextoCli& c) {
+    Sesion& s = c.sesion;
+    const bool principal = c.bandera(QStringLiteral("principal"));
+    const QString servidor = c.opcion(QStringLiteral("servidor"));
+    if (principal && !servidor.isEmpty())
+        throw Rechazo(QStringLiteral("Indique --principal o --servidor CARPETA, no los dos."));
+    if (principal || c.tiene(QStringLiteral("servidor")))
+        ElegirInstalacion(s, principal,
+                          servidor.isEmpty() ? QString() : QDir(servidor).absolutePath());
+    else
+        s.DataPath = CarpetaDatos(s);
+    if (s.esPrincipal())
+        c.salida << QStringLiteral("Servidor o principal: las empresas están en %1")
+                        .arg(QDir::toNativeSeparators(s.DataPath))
+                 << '\n';
+    else
+        c.salida << QStringLiteral("Cliente o secundario: las empresas están en %1")
+                        .arg(QDir::toNativeSeparators(s.DataPath))
+                 << '\n';
+    return 0;
+}
+
 int usuarios(ContextoCli& c) {
     if (!EsAdministrador(c.sesion.UsuarioActual))
         throw Rechazo(MsgSoloAdministrador);
@@ -184,6 +209,20 @@ const AltaVerbo altaEliminarEmpresa{
                     "programa."),
      {},
      eliminarEmpresa}};
+
+const AltaVerbo altaInstalacion{
+    {QStringLiteral("instalacion"),
+     QStringLiteral("muestra o elige dónde están las empresas (servidor o cliente)"),
+     QStringLiteral("Uso: quilmar-cli instalacion [--principal | --servidor CARPETA]\n\n"
+                    "Sin opciones, dice cómo se usa esta instalación y dónde están las empresas.\n"
+                    "--principal: las empresas están en la carpeta de la instalación.\n"
+                    "--servidor CARPETA: las empresas están en la carpeta de la instalación\n"
+                    "principal, en otro ordenador de la red (instalación cliente).\n"
+                    "Repara también un PLoc.dat vacío o dañado."),
+     {QStringLiteral("principal")},
+     instalacion,
+     {},
+     true}};
 
 const AltaVerbo altaUsuarios{
     {QStringLiteral("usuarios"),

@@ -198,12 +198,21 @@ int importar(ContextoCli& ctx) {
     if (ruta.isEmpty())
         throw Rechazo(QStringLiteral("Indique el archivo: quilmar-cli importar FICHERO.csv"));
     ctx.abrirEmpresa();
-    const ResultadoImportacion r =
-        ImportarAsientos(ctx.sesion, ruta, [](long asientos, qint64 leido, qint64 total) {
+    ResultadoImportacion r;
+    bool mostrado = false;
+    try {
+        r = ImportarAsientos(ctx.sesion, ruta, [&](long asientos, qint64 leido, qint64 total) {
+            mostrado = true;
             const int pct = total > 0 ? static_cast<int>(leido * 100 / total) : 100;
             std::fprintf(stderr, "\rImportando: %ld asientos (%d %%)", asientos, pct);
             std::fflush(stderr);
         });
+    } catch (...) {
+        // The message of the failure begins a line of its own, after the progress.
+        if (mostrado)
+            std::fputc('\n', stderr);
+        throw;
+    }
     std::fputc('\n', stderr);
     if (r.asientos == 0)
         ctx.salida << QStringLiteral("No se importó ningún asiento.\n");

@@ -4,6 +4,7 @@
 #include "platform/Ajustes.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/Traducciones.h"
 #include "posting/EmpresaDemo.h"
 #include "store/Instalacion.h"
 #include "store/Rutinas.h"
@@ -55,6 +56,7 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+    CargarTraduccionesQt(app);
     QTextStream salida(stdout);
     salida.setEncoding(QStringConverter::Utf8);
 
@@ -129,7 +131,9 @@ int main(int argc, char** argv) {
         // question is closed without a choice.
         if (!ExistePLoc(sesion))
             EscribirPLoc(sesion, sesion.AppPath);
-        sesion.DataPath = LeerPLoc(sesion);
+        // The verb that repairs PLoc.dat is the one that may run while it is damaged.
+        if (!verbo->antesDeDatos)
+            sesion.DataPath = CarpetaDatos(sesion);
         PrimerArranque(sesion, ajustes);
         sesion.PuntoDecimal = DetectarPuntoDecimal();
 

@@ -6,12 +6,17 @@
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlRecord>
+#include <QStorageInfo>
 #include <atomic>
 #include <sqlite3.h>
 
 namespace {
 
 std::atomic<unsigned> contador{0};
+
+// How long a statement waits for another user's write to end before telling that the file is
+// in use (milliseconds).
+constexpr int EsperaOcupada = 15000;
 
 // Text is never stored as NULL by accident: a null QString binds as an empty text. Only an
 // invalid QVariant() writes NULL.
@@ -25,10 +30,117 @@ QString nombreVisible(const QString& ruta) {
     return QFileInfo(ruta).fileName();
 }
 
-bool estaOcupada(const QSqlError& e) {
-    const QString codigo = e.nativeErrorCode();
-    return codigo == QLatin1String("5") || codigo == QLatin1String("6") ||
-           e.text().contains(QLatin1String("locked"), Qt::CaseInsensitive);
+// The engine's handle behind a Qt connection.
+sqlite3* manejador(const QSqlDatabase& db) {
+    const QVariant h = db.driver() ? db.driver()->handle() : QVariant();
+    if (h.isValid() && qstrcmp(h.typeName(), "sqlite3*") == 0)
+        return *static_cast<sqlite3* const*>(h.constData());
+    return nullptr;
+}
+
+// SQLite's result code of a failed statement: the one Qt reports, else the connection's last.
+int codigoDe(const QSqlError& e, const QSqlDatabase& db) {
+    bool ok = false;
+    const int codigo = e.nativeErrorCode().toInt(&ok);
+    if (ok && codigo != SQLITE_OK)
+        return codigo;
+    sqlite3* bd = manejador(db);
+    const int ultimo = bd ? sqlite3_extended_errcode(bd) : SQLITE_ERROR;
+    return ultimo == SQLITE_OK || ultimo == SQLITE_ROW || ultimo == SQLITE_DONE ? SQLITE_ERROR
+                                                                                : ultimo;
+}
+
+enum class Causa { Ocupada, SinEspacio, SinPermiso, Danada, SinCarpeta, NoSeAbre, Disco, Otra };
+
+// Below this the disk is taken as full: SQLite needs room for its journal besides the data.
+constexpr qint64 EspacioMinimo = 1024 * 1024;
+
+bool discoLleno(const QString& carpeta) {
+    const QStorageInfo disco(carpeta);
+    return disco.isValid() && disco.bytesAvailable() >= 0 && disco.bytesAvailable() < EspacioMinimo;
+}
+
+bool sinEscritura(const QString& ruta, const QString& carpeta) {
+    const QFileInfo archivo(ruta);
+    return QStorageInfo(carpeta).isReadOnly() || !QFileInfo(carpeta).isWritable() ||
+           (archivo.exists() && !archivo.isWritable());
+}
+
+// The engine's codes name some causes outright; opening and disk errors are vague, so the disk
+// itself is asked whether it is full or cannot be written.
+Causa causaDe(int codigo, const QString& ruta) {
+    const QString carpeta = QFileInfo(ruta).absolutePath();
+    switch (codigo & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return Causa::Ocupada;
+    case SQLITE_FULL:
+        return Causa::SinEspacio;
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+        return Causa::SinPermiso;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        return Causa::Danada;
+    case SQLITE_CANTOPEN:
+    case SQLITE_IOERR:
+        if (!QFileInfo(carpeta).isDir())
+            return Causa::SinCarpeta;
+        if (discoLleno(carpeta))
+            return Causa::SinEspacio;
+        if (sinEscritura(ruta, carpeta))
+            return Causa::SinPermiso;
+        return (codigo & 0xff) == SQLITE_CANTOPEN ? Causa::NoSeAbre : Causa::Disco;
+    default:
+        return Causa::Otra;
+    }
+}
+
+QString mensajeDe(Causa causa, const QString& ruta, int codigo) {
+    const QString nombre = nombreVisible(ruta);
+    const QString carpeta = QDir::toNativeSeparators(QFileInfo(ruta).absolutePath());
+    switch (causa) {
+    case Causa::Ocupada:
+        return QStringLiteral(
+            "La base de datos está siendo utilizada por otro usuario. Inténtelo de nuevo.");
+    case Causa::SinEspacio:
+        return QStringLiteral("No queda espacio en el disco para guardar en el archivo %1 (carpeta "
+                              "%2). Libere espacio y repita la operación: lo que ya estaba "
+                              "guardado no se ha perdido.")
+            .arg(nombre, carpeta);
+    case Causa::SinPermiso:
+        return QStringLiteral("No tiene permiso para escribir en el archivo %1 (carpeta %2): el "
+                              "archivo o su carpeta son de solo lectura. Pida permiso de escritura "
+                              "o copie los datos a una carpeta en la que pueda escribir.")
+            .arg(nombre, carpeta);
+    case Causa::Danada:
+        return QStringLiteral("El archivo %1 está dañado o no es una base de datos de Quilmar.")
+            .arg(nombre);
+    case Causa::SinCarpeta:
+        return QStringLiteral("No se encuentra la carpeta %1. Compruebe que existe y que está "
+                              "accesible (si está en otro ordenador, que la red funciona).")
+            .arg(carpeta);
+    case Causa::NoSeAbre:
+        return QStringLiteral("No se pudo abrir el archivo %1 (carpeta %2). Compruebe que está "
+                              "accesible y repita la operación.")
+            .arg(nombre, carpeta);
+    case Causa::Disco:
+        return QStringLiteral("Error de lectura o escritura en el disco con el archivo %1 (carpeta "
+                              "%2). Compruebe el disco, o la red si la carpeta está en otro "
+                              "ordenador, y repita la operación.")
+            .arg(nombre, carpeta);
+    case Causa::Otra:
+        break;
+    }
+    return QStringLiteral("Error en la base de datos %1 (código %2).").arg(nombre).arg(codigo);
+}
+
+// Tells the failure to the user by its cause. The engine's own words go to the log only, for
+// whoever diagnoses it.
+[[noreturn]] void lanzarFallo(const QString& ruta, int codigo, const QString& texto) {
+    qWarning("SQLite %d en %s: %s", codigo, qPrintable(ruta), qPrintable(texto));
+    throw ErrorAlmacen(mensajeDe(causaDe(codigo, ruta), ruta, codigo));
 }
 
 // The table that every database of a kind must have.
@@ -50,7 +162,19 @@ QString tablaTestigo(TipoBase tipo) {
 
 } // namespace
 
-Conexion::Conexion(const QString& ruta, TipoBase tipo, bool crear)
+QString MsgNoSeEscribe(const QString& ruta) {
+    switch (const Causa causa = causaDe(SQLITE_CANTOPEN, ruta)) {
+    case Causa::SinCarpeta:
+    case Causa::SinEspacio:
+    case Causa::SinPermiso:
+        return mensajeDe(causa, ruta, SQLITE_CANTOPEN);
+    default:
+        return QStringLiteral("No se pudo escribir el archivo %1.")
+            .arg(QDir::toNativeSeparators(ruta));
+    }
+}
+
+Conexion::Conexion(const QString& ruta, TipoBase tipo, bool crear, ModoDiario modo)
     : nombre_(QStringLiteral("quilmar_%1").arg(contador.fetch_add(1))), ruta_(ruta),
       preparadas_(std::make_unique<QHash<QString, QSqlQuery>>()) {
     const bool nueva = !QFile::exists(ruta);
@@ -60,22 +184,17 @@ Conexion::Conexion(const QString& ruta, TipoBase tipo, bool crear)
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nombre_);
         db.setDatabaseName(ruta);
-        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=15000"));
+        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(EsperaOcupada));
         if (!db.open()) {
-            const QString texto = db.lastError().text();
+            const QSqlError e = db.lastError();
+            const int codigo = codigoDe(e, db);
             db = QSqlDatabase();
             QSqlDatabase::removeDatabase(nombre_);
-            throw ErrorAlmacen(QStringLiteral("No se pudo abrir la base de datos %1: %2")
-                                   .arg(nombreVisible(ruta), texto));
+            lanzarFallo(ruta, codigo, e.text());
         }
     }
     try {
-        QSqlQuery q(bd());
-        if (!q.exec(QStringLiteral("PRAGMA journal_mode=WAL")))
-            throw ErrorAlmacen(
-                QStringLiteral("El archivo %1 está dañado o no es una base de datos de Quilmar.")
-                    .arg(nombreVisible(ruta)));
-        q.exec(QStringLiteral("PRAGMA synchronous=NORMAL"));
+        ponerDiario(modo);
         if (!nueva && tipo != TipoBase::Cualquiera)
             comprobarTipo(tipo);
     } catch (...) {
@@ -84,6 +203,31 @@ Conexion::Conexion(const QString& ruta, TipoBase tipo, bool crear)
         QSqlDatabase::removeDatabase(nombre_);
         throw;
     }
+}
+
+void Conexion::ponerDiario(ModoDiario modo) {
+    QSqlQuery q(bd());
+    const QString pedido =
+        modo == ModoDiario::WAL ? QStringLiteral("WAL") : QStringLiteral("DELETE");
+    // The journal can change only while no other connection has the file open; the other kind
+    // of installation may hold it now, and then this connection keeps the file's journal rather
+    // than wait for it.
+    sqlite3* motor = manejador(bd());
+    if (motor)
+        sqlite3_busy_timeout(motor, 0);
+    const bool cambiado = q.exec(QStringLiteral("PRAGMA journal_mode=") + pedido);
+    if (motor)
+        sqlite3_busy_timeout(motor, EsperaOcupada);
+    if (!cambiado) {
+        const int codigo = codigoDe(q.lastError(), bd());
+        const Causa causa = causaDe(codigo, ruta_);
+        // A file that can be read but not changed now (read-only, a full disk, held by another
+        // user) keeps the journal it has: the books can still be read, and a write is refused
+        // by its cause when it is tried. Only what is not a sound database stops here.
+        if (causa == Causa::Danada || causa == Causa::Otra)
+            lanzarFallo(ruta_, codigo, q.lastError().text());
+    }
+    q.exec(QStringLiteral("PRAGMA synchronous=FULL"));
 }
 
 Conexion::~Conexion() {
@@ -105,7 +249,9 @@ void Conexion::comprobarTipo(TipoBase tipo) {
     const QString mal =
         QStringLiteral("El archivo %1 está dañado o no es una base de datos de Quilmar.")
             .arg(nombreVisible(ruta_));
-    if (!q.exec(QStringLiteral("PRAGMA application_id")) || !q.next())
+    if (!q.exec(QStringLiteral("PRAGMA application_id")))
+        fallo(q);
+    if (!q.next())
         throw ErrorAlmacen(mal);
     if (q.value(0).toInt() != IdAplicacionQuilmar)
         throw ErrorAlmacen(mal);
@@ -115,21 +261,9 @@ void Conexion::comprobarTipo(TipoBase tipo) {
         throw ErrorAlmacen(mal);
 }
 
-namespace {
-
-[[noreturn]] void lanzarFallo(const QString& ruta, bool ocupada, const QString& texto) {
-    if (ocupada)
-        throw ErrorAlmacen(QStringLiteral(
-            "La base de datos está siendo utilizada por otro usuario. Inténtelo de nuevo."));
-    throw ErrorAlmacen(
-        QStringLiteral("Error en la base de datos %1: %2").arg(nombreVisible(ruta), texto));
-}
-
-} // namespace
-
-void Conexion::fallo(const QSqlQuery& q, const QString& sql) const {
+void Conexion::fallo(const QSqlQuery& q) const {
     const QSqlError e = q.lastError();
-    lanzarFallo(ruta_, estaOcupada(e), e.text());
+    lanzarFallo(ruta_, codigoDe(e, bd()), e.text());
 }
 
 QSqlQuery Conexion::ejecutar(const QString& sql, const QVariantList& valores) {
@@ -137,15 +271,15 @@ QSqlQuery Conexion::ejecutar(const QString& sql, const QVariantList& valores) {
     q.setForwardOnly(true);
     if (valores.isEmpty()) {
         if (!q.exec(sql))
-            fallo(q, sql);
+            fallo(q);
         return q;
     }
     if (!q.prepare(sql))
-        fallo(q, sql);
+        fallo(q);
     for (const QVariant& v : valores)
         q.addBindValue(valorLigado(v));
     if (!q.exec())
-        fallo(q, sql);
+        fallo(q);
     return q;
 }
 
@@ -155,7 +289,7 @@ QSqlQuery& Conexion::preparada(const QString& sql, const QVariantList& valores) 
         QSqlQuery q(bd());
         q.setForwardOnly(true);
         if (!q.prepare(sql))
-            fallo(q, sql);
+            fallo(q);
         it = preparadas_->insert(sql, q);
     }
     QSqlQuery& q = it.value();
@@ -163,20 +297,28 @@ QSqlQuery& Conexion::preparada(const QString& sql, const QVariantList& valores) 
     for (int i = 0; i < valores.size(); ++i)
         q.bindValue(i, valorLigado(valores.at(i)));
     if (!q.exec())
-        fallo(q, sql);
+        fallo(q);
     return q;
 }
 
 QVariant Conexion::escalar(const QString& sql, const QVariantList& valores) {
     QSqlQuery q = ejecutar(sql, valores);
-    if (!q.next())
+    if (!q.next()) {
+        // A row that cannot be read is a failure, not an empty answer.
+        if (q.lastError().isValid())
+            fallo(q);
         return {};
+    }
     return q.value(0);
 }
 
 bool Conexion::existe(const QString& sql, const QVariantList& valores) {
     QSqlQuery q = ejecutar(sql, valores);
-    return q.next();
+    if (q.next())
+        return true;
+    if (q.lastError().isValid())
+        fallo(q);
+    return false;
 }
 
 void Conexion::ejecutarGuion(const QString& guion) {
@@ -229,11 +371,9 @@ Transaccion::~Transaccion() {
 // ---- Lector ------------------------------------------------------------------------------
 
 Lector::Lector(Conexion& c, const QString& sql, const QVariantList& valores) : ruta_(c.ruta()) {
-    const QVariant h = c.bd().driver()->handle();
-    if (h.isValid() && qstrcmp(h.typeName(), "sqlite3*") == 0)
-        bd_ = *static_cast<sqlite3* const*>(h.constData());
+    bd_ = manejador(c.bd());
     if (!bd_)
-        lanzarFallo(ruta_, false, QStringLiteral("conexión no válida"));
+        lanzarFallo(ruta_, SQLITE_MISUSE, QStringLiteral("conexión no válida"));
     if (sqlite3_prepare16_v2(bd_, sql.utf16(), -1, &st_, nullptr) != SQLITE_OK)
         fallo();
     int i = 1;
@@ -302,10 +442,10 @@ QStringView Lector::vista(int columna) const {
 }
 
 void Lector::fallo() {
-    const int codigo = sqlite3_errcode(bd_);
+    const int codigo = sqlite3_extended_errcode(bd_);
     const QString texto = QString::fromUtf8(sqlite3_errmsg(bd_));
     // A constructor that throws runs no destructor: the statement goes here.
     sqlite3_finalize(st_);
     st_ = nullptr;
-    lanzarFallo(ruta_, codigo == SQLITE_BUSY || codigo == SQLITE_LOCKED, texto);
+    lanzarFallo(ruta_, codigo, texto);
 }

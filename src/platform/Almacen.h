@@ -1,6 +1,8 @@
 #pragma once
 // The store: short-lived SQLite connections (one per user action), bound parameters everywhere,
-// WAL with a busy timeout, and transactions that take the write lock at once.
+// a busy timeout, and transactions that take the write lock at once. Every failure is told in
+// Spanish by its cause (no space, no permission, in use, damaged); the engine's own text never
+// leaves this layer.
 
 #include "platform/Errores.h"
 
@@ -15,11 +17,17 @@
 // refused with a clear message instead of failing later.
 enum class TipoBase { Ejercicio, Bavar, Bavis, Vias, Cualquiera };
 
+// How a connection keeps its journal. WAL lets readers go on while one user posts, but it needs
+// memory shared between the processes of one machine: databases reached over a network folder
+// (a client installation) use the rollback journal. Both write with synchronous=FULL, so that an
+// action confirmed to the user survives a power cut.
+enum class ModoDiario { WAL, Rollback };
+
 class Conexion {
 public:
     // Opens an existing database. With crear, a missing file is created (empty).
-    explicit Conexion(const QString& ruta, TipoBase tipo = TipoBase::Cualquiera,
-                      bool crear = false);
+    explicit Conexion(const QString& ruta, TipoBase tipo = TipoBase::Cualquiera, bool crear = false,
+                      ModoDiario modo = ModoDiario::WAL);
     ~Conexion();
     Conexion(const Conexion&) = delete;
     Conexion& operator=(const Conexion&) = delete;
@@ -41,7 +49,8 @@ public:
 private:
     friend class Transaccion;
     void comprobarTipo(TipoBase tipo);
-    [[noreturn]] void fallo(const QSqlQuery& q, const QString& sql) const;
+    void ponerDiario(ModoDiario modo);
+    [[noreturn]] void fallo(const QSqlQuery& q) const;
 
     QString nombre_;
     QString ruta_;
@@ -97,6 +106,10 @@ private:
     QString punto_;
     bool hecha_ = false;
 };
+
+// Why a plain file of the installation (a fixed-record list, PLoc.dat) could not be written, by
+// the same causes as the databases: a full disk, no permission, a folder that is gone.
+QString MsgNoSeEscribe(const QString& ruta);
 
 // Identifies our database files (PRAGMA application_id).
 constexpr int IdAplicacionQuilmar = 0x51554c4d;

@@ -12,11 +12,13 @@
 
 namespace {
 
-// Windows-1252 differs from Latin-1 only in 0x80-0x9F.
-const char16_t Cp1252Altos[32] = {0x20AC, 0xFFFD, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                  0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0xFFFD, 0x017D, 0xFFFD,
-                                  0xFFFD, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                  0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178};
+// Windows-1252 differs from Latin-1 only in 0x80-0x9F. The five bytes it leaves undefined are
+// read as the control characters of the same number, as Windows reads them, so that a list
+// rewritten keeps every byte it had.
+const char16_t Cp1252Altos[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                  0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                  0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                  0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 // Opens exclusively once: 0 locked, 1 busy (retry), -1 other failure. A missing file is free.
 int intentarBloqueo(const QString& ruta, int& fd) {
@@ -60,7 +62,7 @@ QByteArray ACp1252(const QString& texto) {
         }
         char b = '?';
         for (int i = 0; i < 32; ++i)
-            if (Cp1252Altos[i] == u && u != 0xFFFD)
+            if (Cp1252Altos[i] == u)
                 b = static_cast<char>(0x80 + i);
         r.append(b);
     }
@@ -110,7 +112,7 @@ void FicheroRegistros::anadir(const QByteArray& registro) const {
     QFile f(ruta_);
     if (!f.open(QIODevice::WriteOnly | QIODevice::Append) ||
         f.write(ajustar(registro)) != longitud_)
-        throw ErrorAlmacen(QStringLiteral("No se pudo escribir el archivo %1.").arg(ruta_));
+        throw ErrorAlmacen(MsgNoSeEscribe(ruta_));
 }
 
 void FicheroRegistros::reescribir(const QList<QByteArray>& registros) const {
@@ -118,11 +120,11 @@ void FicheroRegistros::reescribir(const QList<QByteArray>& registros) const {
     QSaveFile f(ruta_);
     f.setDirectWriteFallback(true);
     if (!f.open(QIODevice::WriteOnly))
-        throw ErrorAlmacen(QStringLiteral("No se pudo escribir el archivo %1.").arg(ruta_));
+        throw ErrorAlmacen(MsgNoSeEscribe(ruta_));
     for (const QByteArray& r : registros)
         f.write(ajustar(r));
     if (!f.commit())
-        throw ErrorAlmacen(QStringLiteral("No se pudo escribir el archivo %1.").arg(ruta_));
+        throw ErrorAlmacen(MsgNoSeEscribe(ruta_));
 }
 
 bool FicheroLibre(const QString& ruta) {

@@ -23,15 +23,16 @@ InstanciaUnica::InstanciaUnica(const QString& carpeta) {
 InstanciaUnica::~InstanciaUnica() = default;
 
 void PLocInicial(Sesion& s) {
-    if (!ExistePLoc(s))
+    // A damaged PLoc.dat is replaced as a missing one is: the question that follows repairs it.
+    if (!ExistePLoc(s) || PLocDanado(s)) {
         EscribirPLoc(s, s.AppPath);
-    if (s.DataPath.isEmpty())
-        s.DataPath = LeerPLoc(s);
+        s.DataPath = s.AppPath;
+    }
 }
 
 void ElegirInstalacion(Sesion& s, bool principal, const QString& carpetaServidor) {
     QString ruta = principal ? s.AppPath : carpetaServidor.trimmed();
-    if (ruta.isEmpty() || !QDir(ruta).exists())
+    if (ruta.isEmpty() || !QDir::isAbsolutePath(ruta) || !QDir(ruta).exists())
         throw Rechazo(MsgSinCarpetaServidor);
     EscribirPLoc(s, ruta);
     s.DataPath = ruta;

@@ -28,7 +28,8 @@ private:
 };
 
 // Before the question of the kind of installation is shown: a first PLoc.dat naming the program
-// folder, so that closing the question without a choice makes a main installation.
+// folder (also over a damaged one), so that closing the question without a choice makes a main
+// installation.
 void PLocInicial(Sesion& s);
 
 // The answer to that question: a main installation keeps its data in the program folder; a

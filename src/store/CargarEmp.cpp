@@ -3,6 +3,7 @@
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
 #include "platform/Ficheros.h"
+#include "store/Conexiones.h"
 #include "store/ListasEmpresas.h"
 #include "store/Sesion.h"
 
@@ -106,6 +107,8 @@ void ActEjercicios(const Sesion& s, const QString& carpeta, Dialogo& dialogo) {
         raiz = s.DataPath;
         carpetas << carpeta.trimmed();
     }
+    // The program folder is this machine's own; DataPath may be another's.
+    const ModoDiario modo = raiz == s.AppPath ? ModoDiario::WAL : ModoDiarioEmpresas(s);
     for (const QString& nombre : carpetas) {
         const QDir dir(QDir(raiz).filePath(nombre));
         if (!QFile::exists(dir.filePath(QStringLiteral("Bavar.db")))) {
@@ -127,7 +130,7 @@ void ActEjercicios(const Sesion& s, const QString& carpeta, Dialogo& dialogo) {
             QString leido;
             try {
                 Conexion c(dir.filePath(QStringLiteral("Quilmar%1.db").arg(ano)),
-                           TipoBase::Ejercicio);
+                           TipoBase::Ejercicio, false, modo);
                 QSqlQuery q = c.ejecutar(QStringLiteral("SELECT Nombre FROM Empresa"));
                 if (!q.next())
                     throw ErrorAlmacen(QString());

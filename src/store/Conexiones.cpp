@@ -6,11 +6,17 @@
 
 #include <cmath>
 
+ModoDiario ModoDiarioEmpresas(const Sesion& s) {
+    return s.esPrincipal() ? ModoDiario::WAL : ModoDiario::Rollback;
+}
+Conexion AbrirBaseEmpresa(const Sesion& s, const QString& ruta, TipoBase tipo) {
+    return Conexion(ruta, tipo, false, ModoDiarioEmpresas(s));
+}
 Conexion AbrirDatos(const Sesion& s) {
-    return Conexion(s.rutaEjercicio(), TipoBase::Ejercicio);
+    return AbrirBaseEmpresa(s, s.rutaEjercicio(), TipoBase::Ejercicio);
 }
 Conexion AbrirBavar(const Sesion& s) {
-    return Conexion(s.rutaBavar(), TipoBase::Bavar);
+    return AbrirBaseEmpresa(s, s.rutaBavar(), TipoBase::Bavar);
 }
 void AdjuntarBavar(Conexion& datos, const Sesion& s) {
     // The company file is checked as AbrirBavar checks it, so that a missing or foreign file is

@@ -21,6 +21,13 @@ Conexion AbrirVias(const Sesion& s);   // the street tables
 //     AdjuntarBavar(c, s);
 void AdjuntarBavar(Conexion& datos, const Sesion& s);
 
+// The journal of the company databases: WAL on a main installation, the rollback journal on a
+// client, whose company folders lie on another machine. The installation's own databases are
+// always local and use WAL.
+ModoDiario ModoDiarioEmpresas(const Sesion& s);
+// A database of the company folders given by its path (another exercise, another company).
+Conexion AbrirBaseEmpresa(const Sesion& s, const QString& ruta, TipoBase tipo);
+
 // Trimmed name of a subaccount; empty for an empty code; a missing row says "Error en la cuenta."
 QString NombreCuenta(const Sesion& s, Dialogo& dialogo, const QString& ncuenta);
 

@@ -137,10 +137,10 @@ void CrearEjercicio(Sesion& s, Dialogo& d, int ano, int desde) {
     QString codigo, nombre;
     try {
         {
-            Conexion c(origen, TipoBase::Ejercicio);
+            Conexion c = AbrirBaseEmpresa(s, origen, TipoBase::Ejercicio);
             c.ejecutar(QStringLiteral("VACUUM INTO ?"), {temporal});
         }
-        Conexion c(temporal, TipoBase::Ejercicio);
+        Conexion c = AbrirBaseEmpresa(s, temporal, TipoBase::Ejercicio);
         Transaccion t(c);
         for (const char* tabla : {"DatosIVA", "Mayor", "Diario", "DelDia"})
             c.ejecutar(QStringLiteral("DELETE FROM %1").arg(QLatin1String(tabla)));

@@ -6,6 +6,7 @@
 #include "store/CargarEmp.h"
 #include "store/Conexiones.h"
 #include "store/Esquema.h"
+#include "store/Instalacion.h"
 #include "store/ListasEmpresas.h"
 #include "store/Plantilla.h"
 #include "store/Rutinas.h"
@@ -74,6 +75,8 @@ void SeleccionarEmpresa(Sesion& s, Ajustes& a, const QString& empresa, const QSt
 }
 
 void CrearEmpresa(Sesion& s, Ajustes& a, const DatosNuevaEmpresa& d, bool reservadoPermitido) {
+    // Never beside the program or in the current folder: only where the companies are.
+    ComprobarCarpetaDatos(s);
     comprobar(s, d, reservadoPermitido);
     const QString empresa = QStringLiteral("Emp") + d.Codigo;
     const int ano = d.FechaIni.year();
@@ -86,8 +89,8 @@ void CrearEmpresa(Sesion& s, Ajustes& a, const DatosNuevaEmpresa& d, bool reserv
         ejercicioOrigen = dirOrigen.filePath(QStringLiteral("Quilmar%1.db").arg(anoOrigen));
         bavarOrigen = dirOrigen.filePath(QStringLiteral("Bavar.db"));
         // Opening checks that both are ours and sound before anything is made.
-        Conexion(ejercicioOrigen, TipoBase::Ejercicio);
-        Conexion(bavarOrigen, TipoBase::Bavar);
+        AbrirBaseEmpresa(s, ejercicioOrigen, TipoBase::Ejercicio);
+        AbrirBaseEmpresa(s, bavarOrigen, TipoBase::Bavar);
     }
 
     // Everything is made in a folder of its own and renamed into place at the end, so that a
@@ -100,10 +103,10 @@ void CrearEmpresa(Sesion& s, Ajustes& a, const DatosNuevaEmpresa& d, bool reserv
     try {
         const QString rutaEj = dir.filePath(QStringLiteral("Quilmar%1.db").arg(ano));
         const QString rutaBavar = dir.filePath(QStringLiteral("Bavar.db"));
-        CrearBaseDatos(rutaEj, TipoBase::Ejercicio);
-        CrearBaseDatos(rutaBavar, TipoBase::Bavar);
+        CrearBaseDatos(rutaEj, TipoBase::Ejercicio, ModoDiarioEmpresas(s));
+        CrearBaseDatos(rutaBavar, TipoBase::Bavar, ModoDiarioEmpresas(s));
         {
-            Conexion c(rutaEj, TipoBase::Ejercicio);
+            Conexion c = AbrirBaseEmpresa(s, rutaEj, TipoBase::Ejercicio);
             if (ejercicioOrigen.isEmpty()) {
                 CargarPlanGenerico(c);
             } else {
@@ -136,7 +139,7 @@ void CrearEmpresa(Sesion& s, Ajustes& a, const DatosNuevaEmpresa& d, bool reserv
             if (d.CopiarVencimientos)
                 tablas << "Vencimientos";
             if (!tablas.isEmpty()) {
-                Conexion c(rutaBavar, TipoBase::Bavar);
+                Conexion c = AbrirBaseEmpresa(s, rutaBavar, TipoBase::Bavar);
                 copiarTablas(c, bavarOrigen, tablas);
             }
         }

@@ -243,11 +243,11 @@ void CrearEsquema(Conexion& c, TipoBase tipo) {
     t.confirmar();
 }
 
-void CrearBaseDatos(const QString& ruta, TipoBase tipo) {
+void CrearBaseDatos(const QString& ruta, TipoBase tipo, ModoDiario modo) {
     if (QFile::exists(ruta))
         throw ErrorAlmacen(QStringLiteral("Ya existe el archivo %1.").arg(ruta));
     try {
-        Conexion c(ruta, tipo, true);
+        Conexion c(ruta, tipo, true, modo);
         CrearEsquema(c, tipo);
     } catch (...) {
         QFile::remove(ruta);

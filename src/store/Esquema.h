@@ -10,7 +10,7 @@
 void CrearEsquema(Conexion& c, TipoBase tipo);
 
 // Creates a new database file of that kind with its schema; fails if the file exists.
-void CrearBaseDatos(const QString& ruta, TipoBase tipo);
+void CrearBaseDatos(const QString& ruta, TipoBase tipo, ModoDiario modo = ModoDiario::WAL);
 
 // The tables of each database, in creation order.
 QStringList TablasDe(TipoBase tipo);

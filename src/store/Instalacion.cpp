@@ -7,8 +7,10 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QStandardPaths>
+#include <QStringDecoder>
 
 QString CarpetaInstalacionPorDefecto() {
     return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))
@@ -26,11 +28,70 @@ QString LeerPLoc(const Sesion& s) {
     return QString::fromUtf8(f.readAll()).trimmed();
 }
 
+QString MsgPLocDanado(const Sesion& s) {
+    return QStringLiteral(
+               "El archivo PLoc.dat de la carpeta %1 está vacío o dañado: no dice dónde están las "
+               "empresas. Para repararlo, indique de nuevo cómo se va a utilizar el programa, "
+               "como servidor o principal, o como cliente con la carpeta del servidor: Quilmar se "
+               "lo pregunta al abrirse, y desde la línea de órdenes sirve 'quilmar-cli "
+               "instalacion --principal' o 'quilmar-cli instalacion --servidor CARPETA'.")
+        .arg(QDir::toNativeSeparators(s.AppPath));
+}
+
+QString MsgSinCarpetaDatos(const QString& carpeta) {
+    return QStringLiteral(
+               "No se encuentra la carpeta %1, donde están las empresas según PLoc.dat. Si está "
+               "en otro ordenador, compruebe que está encendido y que la red funciona; si ha "
+               "cambiado de sitio, indique de nuevo cómo se va a utilizar el programa (Quilmar "
+               "se lo pregunta al abrirse, o 'quilmar-cli instalacion').")
+        .arg(QDir::toNativeSeparators(carpeta));
+}
+
+namespace {
+
+// The folder PLoc.dat names, or empty when what it holds is no path at all.
+QString rutaDePLoc(const Sesion& s) {
+    QFile f(s.rutaPLoc());
+    if (!f.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray bytes = f.readAll();
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString texto = QString(utf8.decode(bytes)).trimmed();
+    if (utf8.hasError() || texto.isEmpty() || !QDir::isAbsolutePath(texto))
+        return {};
+    for (const QChar c : texto)
+        if (c.category() == QChar::Other_Control || c.category() == QChar::Other_NotAssigned)
+            return {};
+    return QDir::cleanPath(texto);
+}
+
+} // namespace
+
+bool PLocDanado(const Sesion& s) {
+    return ExistePLoc(s) && rutaDePLoc(s).isEmpty();
+}
+
+QString CarpetaDatos(const Sesion& s) {
+    const QString ruta = rutaDePLoc(s);
+    if (ruta.isEmpty())
+        throw ErrorAlmacen(MsgPLocDanado(s));
+    if (!QFileInfo(ruta).isDir())
+        throw ErrorAlmacen(MsgSinCarpetaDatos(ruta));
+    return ruta;
+}
+
+void ComprobarCarpetaDatos(const Sesion& s) {
+    if (s.DataPath.isEmpty() || !QDir::isAbsolutePath(s.DataPath))
+        throw ErrorAlmacen(MsgPLocDanado(s));
+    if (!QFileInfo(s.DataPath).isDir())
+        throw ErrorAlmacen(MsgSinCarpetaDatos(s.DataPath));
+}
+
 void EscribirPLoc(const Sesion& s, const QString& ruta) {
     QFile::remove(s.rutaPLoc());
     QSaveFile f(s.rutaPLoc());
     if (!f.open(QIODevice::WriteOnly) || f.write(ruta.trimmed().toUtf8()) < 0 || !f.commit())
-        throw ErrorAlmacen(QStringLiteral("No se pudo escribir el archivo %1.").arg(s.rutaPLoc()));
+        throw ErrorAlmacen(MsgNoSeEscribe(s.rutaPLoc()));
 }
 
 bool PrepararInstalacion(const Sesion& s) {

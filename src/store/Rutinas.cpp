@@ -7,9 +7,10 @@
 #include <QRegularExpression>
 #include <cmath>
 
+const QString MsgFechaNoValida = QStringLiteral("La fecha introducida no es una fecha válida.");
+
 namespace {
 
-const QString MsgInvalida = QStringLiteral("La fecha introducida no es una fecha válida.");
 const QString MsgCorta =
     QStringLiteral("La fecha introducida no es correcta, debe ponerla en formato 'ddmmaa'.");
 const QString MsgAmbigua = QStringLiteral(
@@ -99,7 +100,7 @@ QString ValidarFecha(const QString& texto, Dialogo& dialogo) {
         resultado = t;
     }
     if (resultado.isEmpty() || !FechaDeTexto(resultado).isValid()) {
-        dialogo.Informar(MsgInvalida);
+        dialogo.Informar(MsgFechaNoValida);
         return {};
     }
     return resultado;
@@ -188,6 +189,6 @@ QDateTime DeDiaSerie(double dias) {
     return QDateTime(d, QTime(0, 0)).addMSecs(ms);
 }
 
-bool DetectarPuntoDecimal() {
-    return !QLocale().toString(7.0 / 2).contains(QLatin1Char(','));
+bool DetectarPuntoDecimal(const QLocale& local) {
+    return !local.toString(7.0 / 2).contains(QLatin1Char(','));
 }

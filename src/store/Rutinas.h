@@ -4,6 +4,7 @@
 
 #include <QDate>
 #include <QDateTime>
+#include <QLocale>
 #include <QString>
 #include <optional>
 
@@ -12,6 +13,7 @@ class Dialogo;
 // Turns a typed date ("3/2/08", "030208", "30208", "1208") into a date text, or an empty text
 // after telling the user why. An empty input returns empty, silently.
 QString ValidarFecha(const QString& texto, Dialogo& dialogo);
+extern const QString MsgFechaNoValida; // "La fecha introducida no es una fecha válida."
 
 // Parses a date text as the user types it: d/m/yy, d/m/yyyy (also with "-") or yyyy-MM-dd.
 // Two-digit years 00-29 are 2000-2029 and 30-99 are 1930-1999. Invalid gives a null date.
@@ -52,7 +54,9 @@ double DiaSerie(const QDateTime& momento);
 double DiaSerie(const QDate& fecha);
 QDateTime DeDiaSerie(double dias);
 
-// True when the locale writes decimals with a point (7 / 2 written as text has no comma).
-bool DetectarPuntoDecimal();
+// True when the locale writes decimals with a point (7 / 2 written as text has no comma). The
+// system's own locale by default: the program's texts are Spanish whatever the machine's
+// settings, but the decimal key of the user's keyboard follows the machine.
+bool DetectarPuntoDecimal(const QLocale& local = QLocale::system());
 
 constexpr double CambioPesetaEuro = 166.386;

@@ -2,11 +2,14 @@
 // companies made and deleted.
 
 #include "Entorno.h"
+#include "store/Instalacion.h"
 #include "store/ListasEmpresas.h"
+#include "store/Sesion.h"
 
 #include <QDate>
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <gtest/gtest.h>
 
 namespace {
@@ -130,6 +133,58 @@ TEST(CliArranque, EjerciciosYEmpresasSeCreanYSeEliminan) {
               "Código\tEmpresa\tAño\nEmp001\tUno\t2020\nEmp001\tUno\t2019\n");
     r = EjecutarCli(d, {"eliminar-empresa", "--empresa", "Emp555", "--si"});
     EXPECT_EQ(r.error, "No existe la empresa Emp555.\n");
+}
+
+// With PLoc.dat empty or garbled nothing is created, neither in the current folder nor under a
+// garbage name: the command says what is wrong and how to repair it, and the repair works.
+TEST(CliArranque, PLocDanadoNoCreaNadaFueraYSeRepara) {
+    QTemporaryDir dir, actual;
+    const QString d = dir.path();
+    ASSERT_EQ(EjecutarCli(d, {"empresas"}).codigo, 0); // a main installation with the demo
+    auto crear = [&](const QString& codigo) {
+        QProcess p;
+        p.setWorkingDirectory(actual.path());
+        p.start(QUILMAR_CLI, {"--datos", d, "crear-empresa", "--codigo", codigo, "--nombre", "X"});
+        p.waitForFinished(120000);
+        return std::make_pair(p.exitCode(), QString::fromUtf8(p.readAllStandardError()));
+    };
+    Sesion s;
+    s.AppPath = d;
+    const QString esperado = MsgPLocDanado(s) + "\n";
+    for (const QByteArray& danado : {QByteArray(""), QByteArray("\x01\x02garbage\x7f")}) {
+        QFile f(dir.filePath("PLoc.dat"));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        f.write(danado);
+        f.close();
+        const auto [codigo, error] = crear("002");
+        EXPECT_EQ(codigo, 1);
+        EXPECT_EQ(error, esperado);
+        EXPECT_EQ(QDir(actual.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                  QStringList());
+        EXPECT_EQ(QDir(d).entryList({"Emp*", "*garbage*"}, QDir::Dirs), QStringList({"Emp100"}));
+        EXPECT_EQ(EjecutarCli(d, {"empresas"}).error, esperado) << "every verb says it";
+    }
+
+    ResultadoCli r = EjecutarCli(d, {"instalacion"});
+    EXPECT_EQ(r.codigo, 1);
+    EXPECT_EQ(r.error, esperado);
+    r = EjecutarCli(d, {"instalacion", "--principal"});
+    ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
+    EXPECT_EQ(r.salida, "Servidor o principal: las empresas están en " + d + "\n");
+    EXPECT_EQ(crear("002").first, 0);
+    EXPECT_TRUE(QFile::exists(dir.filePath("Emp002/Bavar.db")));
+
+    // A client names the server's folder; one out of reach is told as such.
+    QTemporaryDir servidor;
+    r = EjecutarCli(d, {"instalacion", "--servidor", servidor.path()});
+    ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
+    EXPECT_EQ(r.salida, "Cliente o secundario: las empresas están en " + servidor.path() + "\n");
+    const QString apagado = servidor.path();
+    servidor.remove();
+    r = EjecutarCli(d, {"empresas"});
+    EXPECT_EQ(r.codigo, 1);
+    EXPECT_EQ(r.error, MsgSinCarpetaDatos(apagado) + "\n");
+    EXPECT_FALSE(QDir(apagado).exists()) << "nothing makes the server's folder here";
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 #include "platform/Evaluar.h"
 #include "ImprimirQt.h"
 
-#include <QElapsedTimer>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <memory>
@@ -343,8 +342,6 @@ TEST(Evaluar, ArbolesAlAzarCoincidenConElAnalizador) {
 TEST(Evaluar, CadenasAlAzarSinFalloNiCuelgue) {
     const QString alfabeto = QStringLiteral("0123456789.,+-*/\\^()  MmOoDdEeCx\t€");
     std::mt19937 g(7);
-    QElapsedTimer reloj;
-    reloj.start();
     int validas = 0;
     for (int i = 0; i < 300000; ++i) {
         const int largo = int(g() % 40);
@@ -363,5 +360,4 @@ TEST(Evaluar, CadenasAlAzarSinFalloNiCuelgue) {
         }
     }
     EXPECT_GT(validas, 1000);
-    EXPECT_LT(reloj.elapsed(), 5000);
 }

@@ -5,6 +5,7 @@
 #include "Entorno.h"
 #include "store/Instalacion.h"
 
+#include "platform/Errores.h"
 #include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>
@@ -58,6 +59,53 @@ TEST(Arranque, PrimerPLocYEleccionDeInstalacion) {
     ElegirInstalacion(s, true);
     EXPECT_EQ(LeerPLoc(s), dir.path());
     EXPECT_TRUE(s.esPrincipal());
+}
+
+// PLoc.dat is read only when it names a folder that exists, by an absolute path: anything else
+// would put companies in the current folder or under a garbage name.
+TEST(Arranque, PLocDanadoSeDiceYLaPreguntaLoRepara) {
+    QTemporaryDir dir;
+    Sesion s;
+    s.AppPath = dir.path();
+    auto escribir = [&](const QByteArray& b) {
+        QFile f(s.rutaPLoc());
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        f.write(b);
+    };
+    auto leido = [&]() -> QString {
+        try {
+            return CarpetaDatos(s);
+        } catch (const ErrorAlmacen& e) {
+            return e.mensaje();
+        }
+    };
+    for (const QByteArray& danado :
+         {QByteArray(), QByteArray(" \r\n "), QByteArray("\x01\x02\xff\xfe basura"),
+          QByteArray("Emp001"), QByteArray("datos/empresas"), QByteArray("/tmp\n/otra"),
+          (dir.path() + "\x1b[2J").toUtf8()}) {
+        escribir(danado);
+        EXPECT_TRUE(PLocDanado(s)) << danado.toStdString();
+        EXPECT_EQ(leido(), MsgPLocDanado(s)) << danado.toStdString();
+    }
+    EXPECT_TRUE(MsgPLocDanado(s).startsWith(QStringLiteral("El archivo PLoc.dat de la carpeta %1 "
+                                                           "está vacío o dañado")
+                                                .arg(QDir::toNativeSeparators(dir.path()))));
+
+    // A server folder out of reach is not damage: it is told, and PLoc.dat is kept.
+    escribir(dir.filePath("servidor-apagado").toUtf8());
+    EXPECT_FALSE(PLocDanado(s));
+    EXPECT_EQ(leido(), MsgSinCarpetaDatos(dir.filePath("servidor-apagado")));
+    PLocInicial(s);
+    EXPECT_EQ(LeerPLoc(s), dir.filePath("servidor-apagado"));
+
+    escribir(" " + dir.path().toUtf8() + "/ \r\n");
+    EXPECT_EQ(leido(), dir.path());
+
+    // The question of the kind of installation starts from a sound file again.
+    escribir("\x01\x02");
+    PLocInicial(s);
+    EXPECT_EQ(leido(), dir.path());
+    EXPECT_EQ(s.DataPath, dir.path());
 }
 
 } // namespace

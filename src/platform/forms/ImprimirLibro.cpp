@@ -4,6 +4,7 @@
 #include "platform/ExportarRejilla.h"
 #include "platform/ImpresoraPintor.h"
 #include "platform/forms/DialogoVentanas.h"
+#include "platform/forms/Iconos.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -16,6 +17,7 @@
 #include <QStyle>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <optional>
 
 VistaPrevia::VistaPrevia(QPrinter* impresora, DibujoLibro dibujar, const QString& titulo,
                          QWidget* padre)
@@ -26,36 +28,34 @@ VistaPrevia::VistaPrevia(QPrinter* impresora, DibujoLibro dibujar, const QString
     auto* barra = new QToolBar(this);
     // Actions with a picture show only the picture (their name is the tooltip); the rest, text.
     barra->setToolButtonStyle(Qt::ToolButtonFollowStyle);
-    auto accion = [&](const QString& texto, QStyle::StandardPixmap dibujo, auto receptor,
+    auto accion = [&](const QString& texto, std::optional<Accion> dibujo, auto receptor,
                       auto funcion) {
         QAction* a = barra->addAction(texto, receptor, funcion);
-        if (dibujo != QStyle::SP_CustomBase)
-            a->setIcon(style()->standardIcon(dibujo));
         a->setToolTip(QString(texto).remove(u'&'));
+        if (dibujo)
+            PonerIcono(a, *dibujo);
         return a;
     };
-    accion(QStringLiteral("&Imprimir..."), QStyle::SP_CustomBase, this, &VistaPrevia::imprimir);
-    accion(QStringLiteral("Guardar como &PDF..."), QStyle::SP_CustomBase, this,
-           &VistaPrevia::elegirPdf);
+    accion(QStringLiteral("&Imprimir..."), Accion::Imprimir, this, &VistaPrevia::imprimir);
+    accion(QStringLiteral("Guardar como &PDF..."), std::nullopt, this, &VistaPrevia::elegirPdf);
     barra->addSeparator();
-    accion(QStringLiteral("Primera página"), QStyle::SP_MediaSkipBackward, this,
+    accion(QStringLiteral("Primera página"), Accion::PrimeraPagina, this,
            [this] { vista_->setCurrentPage(1); });
-    accion(QStringLiteral("Página anterior"), QStyle::SP_MediaSeekBackward, this,
+    accion(QStringLiteral("Página anterior"), Accion::PaginaAnterior, this,
            [this] { vista_->setCurrentPage(vista_->currentPage() - 1); });
-    accion(QStringLiteral("Página siguiente"), QStyle::SP_MediaSeekForward, this,
+    accion(QStringLiteral("Página siguiente"), Accion::PaginaSiguiente, this,
            [this] { vista_->setCurrentPage(vista_->currentPage() + 1); });
-    accion(QStringLiteral("Última página"), QStyle::SP_MediaSkipForward, this,
+    accion(QStringLiteral("Última página"), Accion::UltimaPagina, this,
            [this] { vista_->setCurrentPage(vista_->pageCount()); });
     barra->addWidget(pagina_);
     barra->addSeparator();
-    accion(QStringLiteral("Acercar"), QStyle::SP_CustomBase, vista_, [this] { vista_->zoomIn(); });
-    accion(QStringLiteral("Alejar"), QStyle::SP_CustomBase, vista_, [this] { vista_->zoomOut(); });
-    accion(QStringLiteral("Página entera"), QStyle::SP_CustomBase, vista_,
-           &QPrintPreviewWidget::fitInView);
-    accion(QStringLiteral("Ancho de página"), QStyle::SP_CustomBase, vista_,
+    accion(QStringLiteral("Acercar"), std::nullopt, vista_, [this] { vista_->zoomIn(); });
+    accion(QStringLiteral("Alejar"), std::nullopt, vista_, [this] { vista_->zoomOut(); });
+    accion(QStringLiteral("Página entera"), std::nullopt, vista_, &QPrintPreviewWidget::fitInView);
+    accion(QStringLiteral("Ancho de página"), std::nullopt, vista_,
            &QPrintPreviewWidget::fitToWidth);
     barra->addSeparator();
-    accion(QStringLiteral("&Cerrar"), QStyle::SP_CustomBase, this, &QDialog::reject);
+    accion(QStringLiteral("&Cerrar"), Accion::Cerrar, this, &QDialog::reject);
 
     auto* capas = new QVBoxLayout(this);
     capas->setContentsMargins(0, 0, 0, 0);

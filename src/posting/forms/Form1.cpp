@@ -5,6 +5,7 @@
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
 #include "platform/Web.h"
+#include "platform/forms/Iconos.h"
 #include "platform/forms/Ventana.h"
 #include "posting/ImagenesTablero.h"
 #include "posting/LucesVencimiento.h"
@@ -156,30 +157,30 @@ struct BotonBarra {
     int indice;
     const char* nombre; // nullptr: a separator
     const char* texto;
-    QStyle::StandardPixmap icono;
+    Accion icono;
 };
 
 const BotonBarra Botones[] = {
-    {1, "mnuSalir", "Salir", QStyle::SP_DialogCloseButton},
-    {2, "mnuGC", "Cuentas", QStyle::SP_FileDialogListView},
-    {3, nullptr, nullptr, QStyle::SP_CustomBase},
-    {4, "mnuImagenes", "Imágenes", QStyle::SP_DesktopIcon},
-    {5, "mnuAsientos", "Asientos", QStyle::SP_FileDialogDetailedView},
-    {6, "mnuVerDiario", "Diario", QStyle::SP_FileIcon},
-    {7, "mnuSumas", "Sumas y Saldos", QStyle::SP_FileDialogContentsView},
-    {8, "mnuMayor", "Mayor", QStyle::SP_DirOpenIcon},
-    {9, nullptr, nullptr, QStyle::SP_CustomBase},
-    {10, "mnuRenumerar", "Renumerar", QStyle::SP_BrowserReload},
-    {11, "mnuVencimientos", "Vencimientos", QStyle::SP_MessageBoxWarning},
-    {12, nullptr, nullptr, QStyle::SP_CustomBase},
-    {13, "mnuMovimientos", "Movimientos", QStyle::SP_FileDialogInfoView},
-    {14, "mnuIngGas", "Ingresos y Gastos", QStyle::SP_ArrowUp},
-    {15, "mnuIGmeses", "Por meses", QStyle::SP_ArrowDown},
-    {16, "mnuAvisos", "Avisos", QStyle::SP_MessageBoxInformation},
-    {17, "mnuCalculadora", "Calculadora", QStyle::SP_ComputerIcon},
-    {18, "btnBancos", "Bancos", QStyle::SP_DriveNetIcon},
-    {19, nullptr, nullptr, QStyle::SP_CustomBase},
-    {20, "mnuAyuda", "Ayuda", QStyle::SP_DialogHelpButton},
+    {1, "mnuSalir", "Salir", Accion::Salir},
+    {2, "mnuGC", "Cuentas", Accion::Cuentas},
+    {3, nullptr, nullptr, Accion::Salir},
+    {4, "mnuImagenes", "Imágenes", Accion::Imagenes},
+    {5, "mnuAsientos", "Asientos", Accion::Asientos},
+    {6, "mnuVerDiario", "Diario", Accion::Diario},
+    {7, "mnuSumas", "Sumas y Saldos", Accion::SumasSaldos},
+    {8, "mnuMayor", "Mayor", Accion::Mayor},
+    {9, nullptr, nullptr, Accion::Salir},
+    {10, "mnuRenumerar", "Renumerar", Accion::Renumerar},
+    {11, "mnuVencimientos", "Vencimientos", Accion::Vencimientos},
+    {12, nullptr, nullptr, Accion::Salir},
+    {13, "mnuMovimientos", "Movimientos", Accion::Movimientos},
+    {14, "mnuIngGas", "Ingresos y Gastos", Accion::IngresosGastos},
+    {15, "mnuIGmeses", "Por meses", Accion::PorMeses},
+    {16, "mnuAvisos", "Avisos", Accion::Avisos},
+    {17, "mnuCalculadora", "Calculadora", Accion::Calculadora},
+    {18, "btnBancos", "Bancos", Accion::Bancos},
+    {19, nullptr, nullptr, Accion::Salir},
+    {20, "mnuAyuda", "Ayuda", Accion::Ayuda},
 };
 
 // The year box: light green for an open exercise, light orange for a closed one.
@@ -278,8 +279,7 @@ void Form1::crearBarra() {
             a->setEnabled(false);
         }
         a->setIconText(QString::fromUtf8(b.texto));
-        a->setToolTip(QString::fromUtf8(b.texto));
-        a->setIcon(style()->standardIcon(b.icono));
+        PonerIcono(a, b.icono);
         barra->addAction(a);
         botones_[b.indice] = a;
     }
@@ -620,6 +620,7 @@ void Form1::closeEvent(QCloseEvent* e) {
 
 void Form1::registrarLibro(QWidget* ventana, const QString& tipo) {
     libros_ << qMakePair(QPointer<QWidget>(ventana), tipo);
+    ColocarEnZona(ventana, tablero()->zonaLibre());
 }
 
 QList<QWidget*> Form1::librosAbiertos(const QString& tipo) const {

@@ -62,7 +62,7 @@ Form16::Form16(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     connect(Option1, &QRadioButton::toggled, this, &Form16::opcion);
     connect(Command1, &QPushButton::clicked, this, &Form16::aceptar);
     connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
-    PrepararVentana(this, a);
+    PrepararVentana(this, a, 16);
 }
 
 void Form16::opcion() {

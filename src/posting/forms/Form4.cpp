@@ -3,6 +3,7 @@
 #include "platform/Ajustes.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/Iconos.h"
 #include "platform/forms/ImprimirLibro.h"
 #include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
@@ -176,17 +177,15 @@ Form4::Form4(Sesion& s, Ajustes& a, Dialogo& d, EstadoTablero& tablero, QWidget*
 
     Toolbar1 = new QToolBar(this);
     Toolbar1->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    BotonImprimir = Toolbar1->addAction(style()->standardIcon(QStyle::SP_FileDialogDetailedView),
-                                        QStringLiteral("Imprimir"));
-    BotonImprimir->setToolTip(QStringLiteral("Imprimir el asiento"));
+    BotonImprimir = Toolbar1->addAction(IconoDe(Accion::Imprimir), QStringLiteral("Imprimir"));
+    PonerIcono(BotonImprimir, Accion::Imprimir);
     BotonImprimir->setEnabled(false);
     BotonLetraMas = Toolbar1->addAction(QStringLiteral("A+"));
     BotonLetraMas->setToolTip(QStringLiteral("Aumentar el tamaño de la letra"));
     BotonLetraMenos = Toolbar1->addAction(QStringLiteral("A-"));
     BotonLetraMenos->setToolTip(QStringLiteral("Reducir el tamaño de la letra"));
-    BotonPeriodico = Toolbar1->addAction(style()->standardIcon(QStyle::SP_BrowserReload),
-                                         QStringLiteral("Periódico"));
-    BotonPeriodico->setToolTip(QStringLiteral("Guardar como asiento periódico"));
+    BotonPeriodico = Toolbar1->addAction(IconoDe(Accion::Periodico), QStringLiteral("Periódico"));
+    PonerIcono(BotonPeriodico, Accion::Periodico);
     BotonPeriodico->setEnabled(false);
 
     LabelNumero = new QLabel(this);

@@ -53,7 +53,7 @@ Form45::Form45(Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padre), d_(d) {
     connect(Option1, &QRadioButton::toggled, this, &Form45::opcion);
     connect(Command1, &QPushButton::clicked, this, &Form45::aceptar);
     connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
-    PrepararVentana(this, a);
+    PrepararVentana(this, a, 45);
     Text1->setFocus();
 }
 

@@ -36,15 +36,14 @@ Form62::Form62(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     rejilla() = RejillaPeriodicos();
 
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("I&mprimir"),
-                                    QStyle::SP_FileIcon, [this] { Imprimir(); });
-    QAction* ver =
-        nuevaAccion(QStringLiteral("mnuVer"), QStringLiteral("Ver/Modificar Asiento"),
-                    QStyle::SP_FileDialogContentsView, [this] { VerModificar(filaActual()); });
+                                    Accion::Imprimir, [this] { Imprimir(); });
+    QAction* ver = nuevaAccion(QStringLiteral("mnuVer"), QStringLiteral("Ver/Modificar Asiento"),
+                               Accion::VerAsiento, [this] { VerModificar(filaActual()); });
     QAction* eliminar =
         nuevaAccion(QStringLiteral("mnuEliminar"), QStringLiteral("Eliminar Asiento"),
-                    QStyle::SP_TrashIcon, [this] { EliminarAsiento(filaActual()); });
-    QAction* ayuda = nuevaAccion(QStringLiteral("mnuAyuda"), QStringLiteral("Ayuda"),
-                                 QStyle::SP_DialogHelpButton, [] {});
+                    Accion::EliminarAsiento, [this] { EliminarAsiento(filaActual()); });
+    QAction* ayuda =
+        nuevaAccion(QStringLiteral("mnuAyuda"), QStringLiteral("Ayuda"), Accion::Ayuda, [] {});
     ayuda->setEnabled(false); // no help pages yet
     ponerBarra({{1, accionCerrar()},
                 {3, accionCopiar()},

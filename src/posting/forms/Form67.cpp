@@ -39,17 +39,17 @@ Form67::Form67(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     rejilla() = RejillaPredisenados();
 
     QAction* nuevo = nuevaAccion(QStringLiteral("mnuNuevo"), QStringLiteral("&Nuevo"),
-                                 QStyle::SP_FileDialogNewFolder, [this] { Nuevo(); });
-    QAction* ver = nuevaAccion(QStringLiteral("mnuVer"), QStringLiteral("&Ver"),
-                               QStyle::SP_FileDialogContentsView, [this] { Ver(filaActual()); });
+                                 Accion::Nuevo, [this] { Nuevo(); });
+    QAction* ver = nuevaAccion(QStringLiteral("mnuVer"), QStringLiteral("&Ver"), Accion::VerAsiento,
+                               [this] { Ver(filaActual()); });
     QAction* verAsiento =
-        nuevaAccion(QStringLiteral("mnuVerAsiento"), QStringLiteral("Ver Asiento"),
-                    QStyle::SP_CustomBase, [this] { Ver(filaActual()); });
+        nuevaAccion(QStringLiteral("mnuVerAsiento"), QStringLiteral("Ver Asiento"), std::nullopt,
+                    [this] { Ver(filaActual()); });
     QAction* eliminar =
         nuevaAccion(QStringLiteral("mnuEliminar"), QStringLiteral("Eliminar Asiento"),
-                    QStyle::SP_TrashIcon, [this] { Eliminar(filaActual()); });
+                    Accion::EliminarAsiento, [this] { Eliminar(filaActual()); });
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("&Imprimir"),
-                                    QStyle::SP_FileIcon, [this] { Imprimir(); });
+                                    Accion::Imprimir, [this] { Imprimir(); });
     ponerBarra({{1, accionCerrar()},
                 {3, accionCopiar()},
                 {4, nuevo},

@@ -3,6 +3,7 @@
 #include "platform/Ajustes.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/Iconos.h"
 #include "platform/forms/ImprimirLibro.h"
 #include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
@@ -10,6 +11,7 @@
 #include "posting/ImprimirAsiento.h"
 #include "posting/forms/Form1.h"
 #include "posting/forms/Form4.h"
+#include "posting/forms/TableroAreas.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
@@ -122,26 +124,24 @@ Form7::Form7(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Toolbar1 = new QToolBar(this);
     Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
     Toolbar1->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    BotonImprimir = Toolbar1->addAction(style()->standardIcon(QStyle::SP_FileDialogDetailedView),
-                                        QStringLiteral("Imprimir"));
-    BotonImprimir->setToolTip(QStringLiteral("Imprimir el asiento"));
-    BotonQuitar = Toolbar1->addAction(style()->standardIcon(QStyle::SP_DialogDiscardButton),
-                                      QStringLiteral("Quitar apunte"));
-    BotonQuitar->setToolTip(QStringLiteral("Eliminar el apunte seleccionado"));
-    BotonSeleccionar = Toolbar1->addAction(style()->standardIcon(QStyle::SP_ArrowDown),
-                                           QStringLiteral("Seleccionar"));
-    BotonSeleccionar->setToolTip(QStringLiteral("Seleccionar el apunte"));
-    BotonEliminar = Toolbar1->addAction(style()->standardIcon(QStyle::SP_TrashIcon),
-                                        QStringLiteral("Eliminar asiento"));
-    BotonEliminar->setToolTip(QStringLiteral("Eliminar el asiento"));
+    BotonImprimir = Toolbar1->addAction(IconoDe(Accion::Imprimir), QStringLiteral("Imprimir"));
+    PonerIcono(BotonImprimir, Accion::Imprimir);
+    BotonQuitar =
+        Toolbar1->addAction(IconoDe(Accion::QuitarApunte), QStringLiteral("Quitar apunte"));
+    PonerIcono(BotonQuitar, Accion::QuitarApunte);
+    BotonSeleccionar =
+        Toolbar1->addAction(IconoDe(Accion::SeleccionarApunte), QStringLiteral("Seleccionar"));
+    PonerIcono(BotonSeleccionar, Accion::SeleccionarApunte);
+    BotonEliminar =
+        Toolbar1->addAction(IconoDe(Accion::EliminarAsiento), QStringLiteral("Eliminar asiento"));
+    PonerIcono(BotonEliminar, Accion::EliminarAsiento);
     Toolbar1->addSeparator();
     BotonLetraMas = Toolbar1->addAction(QStringLiteral("A+"));
     BotonLetraMas->setToolTip(QStringLiteral("Aumentar el tamaño de la letra"));
     BotonLetraMenos = Toolbar1->addAction(QStringLiteral("A-"));
     BotonLetraMenos->setToolTip(QStringLiteral("Reducir el tamaño de la letra"));
-    BotonPeriodico = Toolbar1->addAction(style()->standardIcon(QStyle::SP_BrowserReload),
-                                         QStringLiteral("Periódico"));
-    BotonPeriodico->setToolTip(QStringLiteral("Guardar como asiento periódico"));
+    BotonPeriodico = Toolbar1->addAction(IconoDe(Accion::Periodico), QStringLiteral("Periódico"));
+    PonerIcono(BotonPeriodico, Accion::Periodico);
     BotonPeriodico->setEnabled(false);
 
     Text1 = new QLineEdit(this);
@@ -644,6 +644,7 @@ Form7* VMAsiento(Sesion& s, Ajustes& a, Dialogo& d, long nas, Form1* tablero) {
                     tablero = t;
         f = new Form7(s, a, d, tablero);
         if (tablero) {
+            ColocarEnZona(f, tablero->tablero()->zonaLibre());
             QObject::connect(f, &Form7::librosCambiados, tablero, &Form1::refrescarLibros);
             // An entry of another company or year must not be saved into this one.
             QObject::connect(tablero, &Form1::sesionCambiada, f, &QWidget::close);

@@ -1,15 +1,21 @@
 #include "posting/forms/MenusVencimientos.h"
 
+#include "platform/forms/Ventana.h"
 #include "posting/forms/Form1.h"
 #include "posting/forms/Form4.h"
 #include "posting/forms/Form7.h"
 #include "posting/forms/Form89.h"
+#include "posting/forms/TableroAreas.h"
 
 Form89* AbrirVencimientos(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
     const bool nueva = !Form89::Abierto();
     Form89* f = Form89::Abrir(s, a, d, &tablero);
-    if (f && nueva)
+    if (f && nueva) {
         QObject::connect(f, &Form89::vencimientosCambiados, &tablero, &Form1::ColorVenc);
+        // Below the upper row of areas, like every window the board opens, so that the drags
+        // and the lights stay at hand.
+        ColocarEnZona(f, tablero.tablero()->zonaLibre());
+    }
     return f;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/Ajustes.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "platform/forms/Ventana.h"
 #include "posting/EstadoTablero.h"
 #include "posting/ImagenesTablero.h"
 #include "posting/RejillaAsiento.h"
@@ -592,7 +593,17 @@ Form4* TableroAreas::abrirForm4() {
     auto* f = new Form4(s_, a_, d_, dinero_, window());
     connect(f, &Form4::Contabilizado, this, &TableroAreas::asientoContabilizado);
     form4_ = f;
+    ColocarEnZona(f, zonaLibre());
     return f;
+}
+
+QRect TableroAreas::zonaLibre() const {
+    int abajo = mapToGlobal(QPoint(0, 0)).y();
+    for (int i = 0; i < 4; ++i)
+        abajo = qMax(abajo, areas_[i]->mapToGlobal(QPoint(0, areas_[i]->height())).y());
+    const QPoint esquina = window()->mapToGlobal(QPoint(0, 0));
+    return QRect(QPoint(esquina.x(), abajo + 6),
+                 QPoint(esquina.x() + window()->width() - 1, esquina.y() + 100000));
 }
 
 // ---- Arrows -------------------------------------------------------------------------------

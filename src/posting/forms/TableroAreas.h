@@ -135,6 +135,9 @@ public:
 
     // The posting screen that the board fills, when open.
     Form4* form4() const;
+    // The part of the screen below the upper row of areas (0 to 3), global coordinates: a window
+    // opened from the board goes there, so that the areas where drags begin stay in sight.
+    QRect zonaLibre() const;
     // The company or the year changed: a drag or an entry begun on the board belongs to the
     // books that were open, so it is given up.
     void sesionCambiada();

@@ -6,9 +6,9 @@
 #include "platform/Errores.h"
 #include "store/Conexiones.h"
 #include "store/Sesion.h"
+#include "store/forms/CajaFecha.h"
 
 #include <QComboBox>
-#include <QDateEdit>
 #include <QGridLayout>
 #include <QLabel>
 #include <QSignalBlocker>
@@ -32,14 +32,10 @@ CajasSubcuenta::CajasSubcuenta(Sesion& s, QWidget* padre) : QWidget(padre), s_(s
         // Without sectors the box offers every line only.
     }
     Combo3->setMinimumContentsLength(14);
-    DTPicker1 = new QDateEdit(this);
+    DTPicker1 = new CajaFecha({}, this);
     DTPicker1->setObjectName(QStringLiteral("DTPicker1"));
-    DTPicker2 = new QDateEdit(this);
+    DTPicker2 = new CajaFecha({}, this);
     DTPicker2->setObjectName(QStringLiteral("DTPicker2"));
-    for (QDateEdit* f : {DTPicker1, DTPicker2}) {
-        f->setCalendarPopup(true);
-        f->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-    }
     DTPicker1->setDate(s.FechaIniEj);
     DTPicker2->setDate(s.FechaFinEj);
 
@@ -63,8 +59,8 @@ CajasSubcuenta::CajasSubcuenta(Sesion& s, QWidget* padre) : QWidget(padre), s_(s
     });
     connect(Combo2, &QComboBox::activated, this, &CajasSubcuenta::cambiada);
     connect(Combo3, &QComboBox::activated, this, &CajasSubcuenta::cambiada);
-    for (QDateEdit* f : {DTPicker1, DTPicker2})
-        connect(f, &QDateEdit::editingFinished, this, &CajasSubcuenta::cambiada);
+    for (CajaFecha* f : {DTPicker1, DTPicker2})
+        connect(f, &CajaFecha::editingFinished, this, &CajasSubcuenta::cambiada);
 }
 
 void CajasSubcuenta::llenarSubcuentas() {
@@ -76,6 +72,10 @@ void CajasSubcuenta::llenarSubcuentas() {
     for (const SubcuentaDeLista& l : VistaArea::De(s_).subcuentas(c, s_, area))
         Combo2->addItem(l.Cuenta, l.NCuenta);
     Combo2->setCurrentIndex(-1);
+}
+
+bool CajasSubcuenta::fechasValidas(Dialogo& d) {
+    return ComprobarFechas({DTPicker1, DTPicker2}, d);
 }
 
 CajasMovimientos CajasSubcuenta::cajas() const {

@@ -15,7 +15,8 @@
 #include <QWidget>
 
 class QComboBox;
-class QDateEdit;
+class CajaFecha;
+class Dialogo;
 struct Sesion;
 
 class CajasSubcuenta : public QWidget {
@@ -24,6 +25,8 @@ public:
     explicit CajasSubcuenta(Sesion& s, QWidget* padre = nullptr);
 
     CajasMovimientos cajas() const;
+    // The two dates checked as the posting screen checks them; a refused one takes the focus.
+    bool fechasValidas(Dialogo& d);
     // Shows a subaccount (its area chosen by the setting CArea) and the dates, without signals.
     void poner(const PeticionMovimientos& p);
     void ponerSector(const QString& sector);
@@ -41,6 +44,6 @@ private:
     QComboBox* Combo1; // area
     QComboBox* Combo2; // subaccount
     QComboBox* Combo3; // sector
-    QDateEdit* DTPicker1;
-    QDateEdit* DTPicker2;
+    CajaFecha* DTPicker1;
+    CajaFecha* DTPicker2;
 };

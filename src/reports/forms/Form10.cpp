@@ -62,13 +62,13 @@ Form10::Form10(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     setCentralWidget(centro);
 
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("Imprimir"),
-                                    QStyle::SP_FileIcon, [this] { Imprimir(); });
+                                    Accion::Imprimir, [this] { Imprimir(); });
     QAction* ver =
         nuevaAccion(QStringLiteral("mnuVerAsiento"), QStringLiteral("Ver/Modificar Asiento"),
-                    QStyle::SP_FileDialogContentsView, [this] { verAsiento(filaActual()); });
+                    Accion::VerAsiento, [this] { verAsiento(filaActual()); });
     QAction* eliminar =
         nuevaAccion(QStringLiteral("mnuEliminarAs"), QStringLiteral("Eliminar Asiento"),
-                    QStyle::SP_TrashIcon, [this] { eliminarAsiento(); });
+                    Accion::EliminarAsiento, [this] { eliminarAsiento(); });
     ponerBarra({{1, accionCerrar()},
                 {3, accionCopiar()},
                 {4, imprimir},
@@ -154,6 +154,8 @@ QLabel* Form10::etiqueta(const QString& nombre) const {
 }
 
 void Form10::cajasCambiadas() {
+    if (!cajas_->fechasValidas(d_))
+        return;
     const CajasMovimientos c = cajas_->cajas();
     if (c.area.trimmed().isEmpty()) {
         d_.Informar(MsgMovAreaForm10);

@@ -31,12 +31,12 @@ Form11::Form11(Sesion& s, Ajustes& a, Dialogo& d, const QDate& desde, const QDat
     rejilla() = RejillaSyS();
 
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("Imprimir"),
-                                    QStyle::SP_FileIcon, [this] { Imprimir(); });
+                                    Accion::Imprimir, [this] { Imprimir(); });
     QAction* movimientos =
         nuevaAccion(QStringLiteral("mnuMovCta"), QStringLiteral("Ver movimientos Cuenta"),
-                    QStyle::SP_FileDialogInfoView, [this] { verMovimientos(filaActual()); });
-    QAction* ayuda = nuevaAccion(QStringLiteral("mnuAyuda"), QStringLiteral("Ayuda"),
-                                 QStyle::SP_DialogHelpButton, [] {});
+                    Accion::Movimientos, [this] { verMovimientos(filaActual()); });
+    QAction* ayuda =
+        nuevaAccion(QStringLiteral("mnuAyuda"), QStringLiteral("Ayuda"), Accion::Ayuda, [] {});
     ayuda->setEnabled(false);
     ponerBarra({{1, accionCerrar()},
                 {3, accionCopiar()},
@@ -60,7 +60,7 @@ Form11::Form11(Sesion& s, Ajustes& a, Dialogo& d, const QDate& desde, const QDat
 Form11::~Form11() = default;
 
 Form11* Form11::Abrir(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) {
-    Form78 fechas(s, a, padre);
+    Form78 fechas(s, a, d, padre);
     if (fechas.exec() != QDialog::Accepted)
         return nullptr;
     auto* f = new Form11(s, a, d, fechas.desde(), fechas.hasta(), padre);

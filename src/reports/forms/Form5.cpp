@@ -33,19 +33,19 @@ Form5::Form5(Sesion& s, Ajustes& a, Dialogo& d, const SeleccionDiario& sel, QWid
     rejilla() = RejillaDiario();
 
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("Imprimir"),
-                                    QStyle::SP_FileIcon, [this] { Imprimir(); });
+                                    Accion::Imprimir, [this] { Imprimir(); });
     QAction* modificar =
         nuevaAccion(QStringLiteral("mnuModAs"), QStringLiteral("Ver/Modificar Asiento"),
-                    QStyle::SP_FileDialogContentsView, [this] { verAsiento(filaActual()); });
+                    Accion::VerAsiento, [this] { verAsiento(filaActual()); });
     QAction* eliminar = nuevaAccion(QStringLiteral("mnuElimAs"), QStringLiteral("Eliminar Asiento"),
-                                    QStyle::SP_TrashIcon, [this] { eliminarAsiento(); });
+                                    Accion::EliminarAsiento, [this] { eliminarAsiento(); });
     QAction* movimientos =
         nuevaAccion(QStringLiteral("mnuMovCta"), QStringLiteral("Ver Movimientos de la Subcuenta"),
-                    QStyle::SP_FileDialogInfoView, [this] { verMovimientos(); });
+                    Accion::Movimientos, [this] { verMovimientos(); });
     QAction* buscar = nuevaAccion(QStringLiteral("mnuBuscar"), QStringLiteral("Buscar..."),
-                                  QStyle::SP_FileDialogStart, [this] { Buscar(); });
-    QAction* ayuda = nuevaAccion(QStringLiteral("mnuAyuda"), QStringLiteral("Ayuda"),
-                                 QStyle::SP_DialogHelpButton, [] {});
+                                  Accion::Buscar, [this] { Buscar(); });
+    QAction* ayuda =
+        nuevaAccion(QStringLiteral("mnuAyuda"), QStringLiteral("Ayuda"), Accion::Ayuda, [] {});
     ayuda->setEnabled(false);
     ponerBarra({{1, accionCerrar()},
                 {3, accionCopiar()},

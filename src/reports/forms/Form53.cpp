@@ -2,8 +2,8 @@
 
 #include "platform/forms/Ventana.h"
 #include "store/Sesion.h"
+#include "store/forms/CajaFecha.h"
 
-#include <QDateEdit>
 #include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -27,14 +27,10 @@ Form53::Form53(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
         t->setMaximumWidth(t->fontMetrics().horizontalAdvance(QStringLiteral("00000")) + 12);
         t->installEventFilter(this);
     }
-    DTPicker1 = new QDateEdit(this);
+    DTPicker1 = new CajaFecha({}, this);
     DTPicker1->setObjectName(QStringLiteral("DTPicker1"));
-    DTPicker2 = new QDateEdit(this);
+    DTPicker2 = new CajaFecha({}, this);
     DTPicker2->setObjectName(QStringLiteral("DTPicker2"));
-    for (QDateEdit* f : {DTPicker1, DTPicker2}) {
-        f->setCalendarPopup(true);
-        f->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-    }
     DTPicker1->setDate(s.FechaIniEj);
     DTPicker2->setDate(s.FechaFinEj);
 
@@ -74,6 +70,8 @@ bool Form53::eventFilter(QObject* objeto, QEvent* evento) {
 }
 
 void Form53::aceptar() {
+    if (!ComprobarFechas({DTPicker1, DTPicker2}, d_))
+        return;
     CajasMayor c{DTPicker1->date(), DTPicker2->date(), Text1->text(), Text2->text()};
     int caja = 0;
     const auto sel = ValidarSeleccionMayor(c, d_, &caja);

@@ -8,7 +8,7 @@
 #include <QDialog>
 
 class Ajustes;
-class QDateEdit;
+class CajaFecha;
 class QLineEdit;
 class QPushButton;
 struct Sesion;
@@ -29,8 +29,8 @@ private:
     SeleccionMayor seleccion_;
     QLineEdit* Text1;
     QLineEdit* Text2;
-    QDateEdit* DTPicker1;
-    QDateEdit* DTPicker2;
+    CajaFecha* DTPicker1;
+    CajaFecha* DTPicker2;
     QPushButton* Command1; // "&Aceptar"
     QPushButton* Command2; // "&Cancelar"
 };

@@ -21,13 +21,13 @@ Form55::Form55(Sesion& s, Ajustes& a, Dialogo& d, const SeleccionMayor& sel, QWi
     setObjectName(QStringLiteral("Form55"));
     rejilla() = RejillaMayor();
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("Imprimir"),
-                                    QStyle::SP_FileIcon, [this] { Imprimir(); });
+                                    Accion::Imprimir, [this] { Imprimir(); });
     QAction* ver =
         nuevaAccion(QStringLiteral("mnuVerAsiento"), QStringLiteral("Ver/Modificar Asiento"),
-                    QStyle::SP_FileDialogContentsView, [this] { verAsiento(filaActual()); });
+                    Accion::VerAsiento, [this] { verAsiento(filaActual()); });
     QAction* eliminar =
         nuevaAccion(QStringLiteral("mnuEliminarAs"), QStringLiteral("Eliminar Asiento"),
-                    QStyle::SP_TrashIcon, [this] { eliminarAsiento(); });
+                    Accion::EliminarAsiento, [this] { eliminarAsiento(); });
     ponerBarra({{1, accionCerrar()},
                 {3, accionCopiar()},
                 {4, imprimir},

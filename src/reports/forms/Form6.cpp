@@ -5,8 +5,8 @@
 #include "platform/forms/Ventana.h"
 #include "store/Conexiones.h"
 #include "store/Sesion.h"
+#include "store/forms/CajaFecha.h"
 
-#include <QDateEdit>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -43,13 +43,11 @@ Form6::Form6(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padre)
     Text1->setObjectName(QStringLiteral("Text1"));
     Text2 = new QLineEdit;
     Text2->setObjectName(QStringLiteral("Text2"));
-    DTPicker1 = new QDateEdit;
+    DTPicker1 = new CajaFecha;
     DTPicker1->setObjectName(QStringLiteral("DTPicker1"));
-    DTPicker2 = new QDateEdit;
+    DTPicker2 = new CajaFecha;
     DTPicker2->setObjectName(QStringLiteral("DTPicker2"));
-    for (QDateEdit* f : {DTPicker1, DTPicker2}) {
-        f->setCalendarPopup(true);
-        f->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
+    for (CajaFecha* f : {DTPicker1, DTPicker2}) {
         if (s.FechaIniEj.isValid())
             f->setDateRange(s.FechaIniEj, s.FechaFinEj);
     }
@@ -101,6 +99,8 @@ void Form6::opcionElegida() {
 }
 
 void Form6::aceptar() {
+    if (Option2->isChecked() && !ComprobarFechas({DTPicker1, DTPicker2}, d_))
+        return;
     CajasSeleccionDiario c;
     c.porFechas = Option2->isChecked();
     c.desdeAsiento = Text1->text();

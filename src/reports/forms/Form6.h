@@ -11,7 +11,7 @@
 
 class Ajustes;
 class Dialogo;
-class QDateEdit;
+class CajaFecha;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
@@ -36,8 +36,8 @@ private:
     QRadioButton* Option2; // "Fechas"
     QLineEdit* Text1;      // desde
     QLineEdit* Text2;      // hasta
-    QDateEdit* DTPicker1;
-    QDateEdit* DTPicker2;
+    CajaFecha* DTPicker1;
+    CajaFecha* DTPicker2;
     QPushButton* Command1; // "&Aceptar"
     QPushButton* Command2; // "&Cancelar"
 };

@@ -2,24 +2,22 @@
 
 #include "platform/forms/Ventana.h"
 #include "store/Sesion.h"
+#include "store/forms/CajaFecha.h"
 
-#include <QDateEdit>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 
-Form78::Form78(const Sesion& s, Ajustes& a, QWidget* padre) : QDialog(padre) {
+Form78::Form78(const Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padre) {
     setObjectName(QStringLiteral("Form78"));
     setWindowTitle(QStringLiteral("Sumas y Saldos"));
-    DTPicker1 = new QDateEdit;
+    DTPicker1 = new CajaFecha;
     DTPicker1->setObjectName(QStringLiteral("DTPicker1"));
-    DTPicker2 = new QDateEdit;
+    DTPicker2 = new CajaFecha;
     DTPicker2->setObjectName(QStringLiteral("DTPicker2"));
-    for (QDateEdit* f : {DTPicker1, DTPicker2}) {
-        f->setCalendarPopup(true);
-        f->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
+    for (CajaFecha* f : {DTPicker1, DTPicker2}) {
         if (s.FechaIniEj.isValid())
             f->setDateRange(s.FechaIniEj, s.FechaFinEj);
     }
@@ -44,7 +42,10 @@ Form78::Form78(const Sesion& s, Ajustes& a, QWidget* padre) : QDialog(padre) {
     columna->addWidget(marco);
     columna->addLayout(botones);
 
-    connect(Command1, &QPushButton::clicked, this, &QDialog::accept);
+    connect(Command1, &QPushButton::clicked, this, [this, &d] {
+        if (ComprobarFechas({DTPicker1, DTPicker2}, d))
+            accept();
+    });
     connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
     PrepararVentana(this, a, 78);
 }

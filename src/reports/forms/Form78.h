@@ -8,20 +8,21 @@
 #include <QDialog>
 
 class Ajustes;
-class QDateEdit;
+class CajaFecha;
+class Dialogo;
 class QPushButton;
 struct Sesion;
 
 class Form78 : public QDialog {
     Q_OBJECT
 public:
-    Form78(const Sesion& s, Ajustes& a, QWidget* padre = nullptr);
+    Form78(const Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre = nullptr);
     QDate desde() const;
     QDate hasta() const;
 
 private:
-    QDateEdit* DTPicker1;  // "Desde"
-    QDateEdit* DTPicker2;  // "Hasta"
+    CajaFecha* DTPicker1;  // "Desde"
+    CajaFecha* DTPicker2;  // "Hasta"
     QPushButton* Command1; // "&Aceptar"
     QPushButton* Command2; // "&Cancelar"
 };

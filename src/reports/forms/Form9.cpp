@@ -30,6 +30,8 @@ Form9::Form9(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padre)
 }
 
 void Form9::aceptar() {
+    if (!cajas_->fechasValidas(d_))
+        return;
     try {
         const auto sel = ValidarSeleccionMovimientos(cajas_->cajas(), s_, d_);
         if (!sel)

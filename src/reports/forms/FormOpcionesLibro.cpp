@@ -5,11 +5,11 @@
 #include "platform/Impresora.h"
 #include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
+#include "store/forms/CajaFecha.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -42,10 +42,8 @@ FormOpcionesLibro::FormOpcionesLibro(const ConfigOpciones& config, Ajustes& a, D
     opciones_.cancelado = true;
     const CajasOpciones inicial = CajasIniciales(config, a);
 
-    DTPicker1 = new QDateEdit(inicial.fechaTrabajo);
+    DTPicker1 = new CajaFecha(inicial.fechaTrabajo);
     DTPicker1->setObjectName(QStringLiteral("DTPicker1"));
-    DTPicker1->setCalendarPopup(true);
-    DTPicker1->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
     Text1 = Caja(QStringLiteral("Text1"), Filtro::Cifras);
     Text1->setText(inicial.margen);
     Combo1 = new QComboBox;
@@ -171,6 +169,8 @@ CajasOpciones FormOpcionesLibro::cajas() const {
 }
 
 void FormOpcionesLibro::aceptar() {
+    if (!DTPicker1->comprobar(d_))
+        return;
     CajasOpciones c = cajas();
     OpcionesLibro op;
     const ResultadoOpciones r = AceptarOpciones(config_, c, a_, op);

@@ -22,7 +22,7 @@ class Ajustes;
 class Dialogo;
 class QCheckBox;
 class QComboBox;
-class QDateEdit;
+class CajaFecha;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
@@ -54,7 +54,7 @@ private:
     OpcionesLibro opciones_;
     bool sumasIncompletas_ = false;
 
-    QDateEdit* DTPicker1;            // "Fecha de trabajo"
+    CajaFecha* DTPicker1;            // "Fecha de trabajo"
     QLineEdit* Text1;                // margin
     QComboBox* Combo1;               // font
     QComboBox* Combo2;               // size

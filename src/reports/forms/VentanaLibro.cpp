@@ -29,12 +29,12 @@ VentanaLibro::VentanaLibro(Sesion& s, Ajustes& a, Dialogo& d, int numero, const 
     statusBar()->addPermanentWidget(progreso_);
     statusBar()->setSizeGripEnabled(true);
 
-    cerrar_ = nuevaAccion(QStringLiteral("mnuCerrar"), QStringLiteral("Cerrar"),
-                          QStyle::SP_DialogCloseButton, [this] { close(); });
-    copiar_ = nuevaAccion(QStringLiteral("mnuCopiar"), QStringLiteral("Copiar"),
-                          QStyle::SP_FileDialogDetailedView, [this] { Copiar(); });
+    cerrar_ = nuevaAccion(QStringLiteral("mnuCerrar"), QStringLiteral("Cerrar"), Accion::Cerrar,
+                          [this] { close(); });
+    copiar_ = nuevaAccion(QStringLiteral("mnuCopiar"), QStringLiteral("Copiar"), Accion::Copiar,
+                          [this] { Copiar(); });
     exportar_ = nuevaAccion(QStringLiteral("mnuExportar"), QStringLiteral("Exportar"),
-                            QStyle::SP_DialogSaveButton, [this] { Exportar(); });
+                            Accion::Exportar, [this] { Exportar(); });
 
     // The grid's own "Copiar" is this window's, so that menu and toolbar are one action.
     connect(vista_->tabla(), &TablaRejilla::prepararMenu, this, [this](QMenu* menu, int, int) {
@@ -74,12 +74,13 @@ QAction* VentanaLibro::boton(int indice) const {
 }
 
 QAction* VentanaLibro::nuevaAccion(const QString& nombre, const QString& texto,
-                                   QStyle::StandardPixmap dibujo, std::function<void()> hacer) {
+                                   std::optional<Accion> dibujo, std::function<void()> hacer) {
     auto* a = new QAction(texto, this);
     a->setObjectName(nombre);
+    // Without a picture it goes in the menus only, under its own name.
     a->setToolTip(QString(texto).remove(u'&'));
-    if (dibujo != QStyle::SP_CustomBase)
-        a->setIcon(style()->standardIcon(dibujo));
+    if (dibujo)
+        PonerIcono(a, *dibujo);
     connect(a, &QAction::triggered, this, [hacer = std::move(hacer)] { hacer(); });
     return a;
 }

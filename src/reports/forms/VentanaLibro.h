@@ -7,8 +7,8 @@
 //     Form11::Form11(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
 //         : VentanaLibro(s, a, d, 11, QStringLiteral("Quilmar [Balance de Sumas y Saldos]"),
 //                        padre) {
-//         QAction* imprimir = nuevaAccion("mnuImprimir", "Imprimir", QStyle::SP_..., [this] {...});
-//         ponerBarra({{1, accionCerrar()}, {3, accionCopiar()}, {4, imprimir}, ...});
+//         QAction* imprimir = nuevaAccion("mnuImprimir", "Imprimir", Accion::Imprimir, [this]
+//         {...}); ponerBarra({{1, accionCerrar()}, {3, accionCopiar()}, {4, imprimir}, ...});
 //         alMenu(imprimir);                  // also in the grid's context menu
 //         rejilla() = RejillaSyS();
 //     }
@@ -21,12 +21,13 @@
 
 #include "platform/Dialogo.h"
 #include "platform/Rejilla.h"
+#include "platform/forms/Iconos.h"
 
 #include <QList>
 #include <QMainWindow>
 #include <QPair>
-#include <QStyle>
 #include <functional>
+#include <optional>
 
 class Ajustes;
 class QAction;
@@ -70,7 +71,7 @@ public Q_SLOTS:
 
 protected:
     // A named action of the window; its text without "&" is its tooltip.
-    QAction* nuevaAccion(const QString& nombre, const QString& texto, QStyle::StandardPixmap dibujo,
+    QAction* nuevaAccion(const QString& nombre, const QString& texto, std::optional<Accion> dibujo,
                          std::function<void()> hacer);
     QAction* accionCerrar() const { return cerrar_; }
     QAction* accionCopiar() const { return copiar_; }

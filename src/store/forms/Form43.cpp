@@ -114,6 +114,10 @@ void Form43::aplicarPermisos() {
     Command4->setEnabled(normal && p.administradorConClave);
     Command5->setEnabled(normal && p.administrador);
     Command6->setEnabled(!normal);
+    // Enter does what the screen is for at the moment: set the password typed, or end the
+    // adding or deleting of a user.
+    Command1->setDefault(normal);
+    Command6->setDefault(!normal);
     Text2->setEnabled(modo_ != Modo::Eliminando);
     Text3->setEnabled(modo_ != Modo::Eliminando);
 }

@@ -4,10 +4,10 @@
 #include "platform/Errores.h"
 #include "platform/forms/Ventana.h"
 #include "store/Sesion.h"
+#include "store/forms/CajaFecha.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -20,16 +20,13 @@ Form25::Form25(Sesion& s, Ajustes& a, Dialogo& d, LibroIva libro, QWidget* padre
     setWindowTitle(QStringLiteral("Seleccionar"));
     seleccion_.libro = libro;
 
-    DTPicker1 = new QDateEdit(this);
+    DTPicker1 = new CajaFecha({}, this);
     DTPicker1->setObjectName(QStringLiteral("DTPicker1"));
-    DTPicker2 = new QDateEdit(this);
+    DTPicker2 = new CajaFecha({}, this);
     DTPicker2->setObjectName(QStringLiteral("DTPicker2"));
-    for (QDateEdit* f : {DTPicker1, DTPicker2}) {
-        f->setCalendarPopup(true);
-        f->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
+    for (CajaFecha* f : {DTPicker1, DTPicker2})
         if (s.FechaIniEj.isValid())
             f->setDateRange(s.FechaIniEj, s.FechaFinEj);
-    }
     DTPicker1->setDate(s.FechaIniEj);
     DTPicker2->setDate(s.FechaFinEj);
 
@@ -81,6 +78,8 @@ Form25::Form25(Sesion& s, Ajustes& a, Dialogo& d, LibroIva libro, QWidget* padre
 }
 
 void Form25::aceptar() {
+    if (!ComprobarFechas({DTPicker1, DTPicker2}, d_))
+        return;
     SeleccionLibroIva sel;
     sel.libro = seleccion_.libro;
     sel.desde = DTPicker1->date();

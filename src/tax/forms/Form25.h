@@ -14,7 +14,7 @@
 class Ajustes;
 class QCheckBox;
 class QComboBox;
-class QDateEdit;
+class CajaFecha;
 class QPushButton;
 struct Sesion;
 
@@ -30,8 +30,8 @@ private:
     Sesion& s_;
     Dialogo& d_;
     SeleccionLibroIva seleccion_;
-    QDateEdit* DTPicker1;  // first date
-    QDateEdit* DTPicker2;  // second date
+    CajaFecha* DTPicker1;  // first date
+    CajaFecha* DTPicker2;  // second date
     QComboBox* Combo1;     // "Sector"
     QCheckBox* Check1;     // "Asiento"
     QCheckBox* Check2;     // "NIF"

@@ -3,9 +3,9 @@
 #include "platform/Dialogo.h"
 #include "platform/forms/Ventana.h"
 #include "store/Sesion.h"
+#include "store/forms/CajaFecha.h"
 #include "tax/CasillasModelo.h"
 
-#include <QDateEdit>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -25,14 +25,10 @@ Form92::Form92(Sesion& s, Ajustes& a, Dialogo& d, const QString& argumento, QWid
     setObjectName(QStringLiteral("Form92"));
     setWindowTitle(QStringLiteral("Modelo 303"));
     const auto [d1, d2] = TrimestreInicial(s);
-    DTPicker1 = new QDateEdit(d1, this);
+    DTPicker1 = new CajaFecha(d1, this);
     DTPicker1->setObjectName(QStringLiteral("DTPicker1"));
-    DTPicker2 = new QDateEdit(d2, this);
+    DTPicker2 = new CajaFecha(d2, this);
     DTPicker2->setObjectName(QStringLiteral("DTPicker2"));
-    for (QDateEdit* f : {DTPicker1, DTPicker2}) {
-        f->setCalendarPopup(true);
-        f->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-    }
     Command1 = new QPushButton(QStringLiteral("&Aceptar"), this);
     Command1->setObjectName(QStringLiteral("Command1"));
     Command1->setDefault(true);
@@ -62,6 +58,8 @@ QDate Form92::hasta() const {
 }
 
 void Form92::aceptar() {
+    if (!ComprobarFechas({DTPicker1, DTPicker2}, d_))
+        return;
     // The return before 2009 was another one: nothing to fill.
     if (argumento_ != QLatin1String("303")) {
         reject();

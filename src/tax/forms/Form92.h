@@ -12,7 +12,7 @@
 
 class Ajustes;
 class Dialogo;
-class QDateEdit;
+class CajaFecha;
 class QPushButton;
 struct Sesion;
 
@@ -28,8 +28,8 @@ public:
     QDate hasta() const;
     QString argumento() const { return argumento_; }
 
-    QDateEdit* DTPicker1;
-    QDateEdit* DTPicker2;
+    CajaFecha* DTPicker1;
+    CajaFecha* DTPicker2;
     QPushButton* Command1; // &Aceptar
 
 private:

@@ -5,11 +5,11 @@
 #include "platform/Errores.h"
 #include "platform/forms/Ventana.h"
 #include "store/Sesion.h"
+#include "store/forms/CajaFecha.h"
 #include "tax/forms/Form92.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -31,14 +31,10 @@ Form94::Form94(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     setWindowTitle(QStringLiteral("Modelo 130"));
     // Section I runs from 1 January; the quarter in hand is the usual end.
     const QDate fin = TrimestreInicial(s).second;
-    DTPicker1 = new QDateEdit(QDate(fin.year(), 1, 1), this);
+    DTPicker1 = new CajaFecha(QDate(fin.year(), 1, 1), this);
     DTPicker1->setObjectName(QStringLiteral("DTPicker1"));
-    DTPicker2 = new QDateEdit(fin, this);
+    DTPicker2 = new CajaFecha(fin, this);
     DTPicker2->setObjectName(QStringLiteral("DTPicker2"));
-    for (QDateEdit* f : {DTPicker1, DTPicker2}) {
-        f->setCalendarPopup(true);
-        f->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-    }
 
     QStringList sectores{QString()};
     try {
@@ -140,6 +136,8 @@ Actividades130 Form94::actividades() const {
 }
 
 void Form94::aceptar() {
+    if (!ComprobarFechas({DTPicker1, DTPicker2}, d_))
+        return;
     if (const auto msg = ComprobarPeriodo130(actividades(), desde(), hasta())) {
         d_.Informar(*msg);
         return;

@@ -16,7 +16,7 @@ class Ajustes;
 class Dialogo;
 class QCheckBox;
 class QComboBox;
-class QDateEdit;
+class CajaFecha;
 class QPushButton;
 struct Sesion;
 
@@ -28,8 +28,8 @@ public:
     QDate hasta() const;
     Actividades130 actividades() const;
 
-    QDateEdit* DTPicker1;
-    QDateEdit* DTPicker2;
+    CajaFecha* DTPicker1;
+    CajaFecha* DTPicker2;
     QCheckBox* Check1;     // section I
     QCheckBox* Check2;     // section II
     QCheckBox* Check3;     // sectors of section I

@@ -2,10 +2,10 @@
 
 #include "platform/Dialogo.h"
 #include "platform/forms/Ventana.h"
+#include "store/forms/CajaFecha.h"
 #include "tax/Modelo115.h"
 #include "tax/forms/Form92.h"
 
-#include <QDateEdit>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -16,14 +16,10 @@ Form96::Form96(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     setObjectName(QStringLiteral("Form96"));
     setWindowTitle(QStringLiteral("Modelo 115"));
     const auto [d1, d2] = TrimestreInicial(s);
-    DTPicker1 = new QDateEdit(d1, this);
+    DTPicker1 = new CajaFecha(d1, this);
     DTPicker1->setObjectName(QStringLiteral("DTPicker1"));
-    DTPicker2 = new QDateEdit(d2, this);
+    DTPicker2 = new CajaFecha(d2, this);
     DTPicker2->setObjectName(QStringLiteral("DTPicker2"));
-    for (QDateEdit* f : {DTPicker1, DTPicker2}) {
-        f->setCalendarPopup(true);
-        f->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-    }
     auto* periodo = new QGroupBox(QStringLiteral("Seleccione Periodo:"));
     auto* gp = new QHBoxLayout(periodo);
     gp->addWidget(new QLabel(QStringLiteral("Desde")));
@@ -52,6 +48,8 @@ QDate Form96::hasta() const {
 }
 
 void Form96::aceptar() {
+    if (!ComprobarFechas({DTPicker1, DTPicker2}, d_))
+        return;
     if (const auto msg = ComprobarPeriodo115(desde(), hasta())) {
         d_.Informar(*msg);
         return;

@@ -11,7 +11,7 @@
 
 class Ajustes;
 class Dialogo;
-class QDateEdit;
+class CajaFecha;
 class QPushButton;
 struct Sesion;
 
@@ -22,8 +22,8 @@ public:
     QDate desde() const;
     QDate hasta() const;
 
-    QDateEdit* DTPicker1;
-    QDateEdit* DTPicker2;
+    CajaFecha* DTPicker1;
+    CajaFecha* DTPicker2;
     QPushButton* Command1; // &Aceptar
 
 private:

@@ -82,12 +82,12 @@ VentanaLibroIva::VentanaLibroIva(Sesion& s, Ajustes& a, Dialogo& d, const Selecc
     setCentralWidget(centro);
 
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("Imprimir"),
-                                    QStyle::SP_FileIcon, [this] { Imprimir(); });
+                                    Accion::Imprimir, [this] { Imprimir(); });
     QAction* movimientos =
         nuevaAccion(QStringLiteral("mnuMovCta"),
                     EsLibroFacturas(sel_.libro) ? QStringLiteral("Ver Movimientos")
                                                 : QStringLiteral("Ver movimientos"),
-                    QStyle::SP_FileDialogInfoView, [this] { verMovimientos(filaActual()); });
+                    Accion::Movimientos, [this] { verMovimientos(filaActual()); });
     movimientos->setEnabled(static_cast<bool>(VerMovimientos()));
     alMenu(movimientos);
     connect(Command1, &QPushButton::clicked, imprimir, &QAction::trigger);

@@ -6,6 +6,7 @@
 #include "posting/EstadoTablero.h"
 #include "posting/forms/Form3.h"
 #include "store/Conexiones.h"
+#include "store/Rutinas.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
@@ -193,6 +194,18 @@ TEST_F(Pantallas, CamposDeFechaConceptoEImporte) {
     EXPECT_EQ(FiltrarTeclaImporte(",", true), TeclaImporte::Cambia);
     EXPECT_EQ(FiltrarTeclaImporte(".", true), TeclaImporte::Pasa);
     EXPECT_EQ(FiltrarTeclaImporte("7", false), TeclaImporte::Pasa);
+    // On a machine whose own locale writes a point (whatever the program's Spanish texts), the
+    // point is the mark and a typed comma becomes it; the amount means the same.
+    EXPECT_TRUE(DetectarPuntoDecimal(QLocale(QLocale::English, QLocale::UnitedStates)));
+    EXPECT_FALSE(DetectarPuntoDecimal(QLocale(QLocale::Spanish, QLocale::Spain)));
+    e.sesion.PuntoDecimal = true;
+    f->TDBN1->clear();
+    escribir(f->TDBN1, "12,5a");
+    EXPECT_EQ(f->TDBN1->text(), "12.5");
+    EXPECT_EQ(LeerImporte(f->TDBN1->text()), 12.5);
+    e.sesion.PuntoDecimal = false;
+    f->TDBN1->clear();
+    escribir(f->TDBN1, "12.5");
 
     // Checks report through the dialog and give the focus to the date.
     f->CargarLineas("Caja", Caja, "Banco", Banco);

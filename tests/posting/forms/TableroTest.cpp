@@ -28,6 +28,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QSqlQuery>
 #include <QStandardPaths>
 #include <QStatusBar>
@@ -49,11 +50,11 @@ void capturar(QWidget* w, const QString& nombre) {
 
 // A drag as the platform runs it: the pointer passes over the given points (in the board's
 // coordinates) and lets go at the last. Each point goes to the widget under it that takes
-// drops, with the enter and leave events Qt sends when the widget changes. Between points the
-// event loop runs for `pausa` ms, so held arrows can scroll.
+// drops, with the enter and leave events Qt sends when the widget changes. At a point with
+// `hasta`, the event loop runs until it holds, so held arrows can scroll.
 struct Recorrido {
     std::function<QPoint()> punto;
-    int pausa = 0;
+    std::function<bool()> hasta = {};
 };
 
 class Arrastre {
@@ -93,8 +94,9 @@ public:
                 // A list takes drops on its viewport, which has no name of its own.
                 pasados << (w->objectName().startsWith("qt_") ? w->parentWidget()->objectName()
                                                               : w->objectName());
-                if (pasos[i].pausa > 0)
-                    QTest::qWait(pasos[i].pausa);
+                if (pasos[i].hasta) {
+                    EXPECT_TRUE(QTest::qWaitFor(pasos[i].hasta, 600000));
+                }
                 if (i == pasos.size() - 1) {
                     QDropEvent soltar(QPointF(local), Qt::MoveAction, d.mimeData(), Qt::LeftButton,
                                       Qt::NoModifier);
@@ -244,7 +246,9 @@ TEST_F(Tablero, FlechasQueRepitenMientrasSeMantienen) {
     QTest::mousePress(t->area(6)->Command2, Qt::LeftButton);
     EXPECT_EQ(barra->value(), 1) << "one row at once";
     EXPECT_TRUE(t->Timer2->isActive());
-    QTest::qWait(600);
+    // The timer repeats however slow the machine is: the test waits for its turns, not a time.
+    QSignalSpy turnos(t->Timer2, &QTimer::timeout);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return turnos.count() >= 2; }, 600000));
     EXPECT_GT(barra->value(), 2) << "and more while held";
     QTest::mouseRelease(t->area(6)->Command2, Qt::LeftButton);
     EXPECT_FALSE(t->Timer2->isActive());
@@ -253,7 +257,9 @@ TEST_F(Tablero, FlechasQueRepitenMientrasSeMantienen) {
     EXPECT_EQ(barra->value(), abajo);
     QTest::mousePress(t->area(6)->Command1, Qt::LeftButton);
     EXPECT_EQ(barra->value(), abajo - 1);
-    QTest::qWait(1500);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return barra->value() == 0; }, 600000));
+    // The next turn finds no row above: the arrow stops by itself, still held.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !t->Timer1->isActive(); }, 600000));
     QTest::mouseRelease(t->area(6)->Command1, Qt::LeftButton);
     EXPECT_EQ(barra->value(), 0) << "stops at the top";
 }
@@ -341,7 +347,10 @@ TEST_F(Tablero, SoltarSobreUnaImagenCancelaYLasFlechasSiguenAlPuntero) {
     arr.instalar({{[this] {
                       return centro(t->area(6)->Picture1);
                   }},
-                  {[this] { return centro(t->area(6)->Command2); }, 500},
+                  {[this] { return centro(t->area(6)->Command2); },
+                   [this] {
+                       return lista(6)->verticalScrollBar()->value() > 1;
+                   }},
                   {[this] {
                       // On the picture's label, which its list leaves in sight.
                       return t->area(3)->Picture1->mapTo(t, QPoint(60, 10));
@@ -657,7 +666,7 @@ TEST_F(Tablero, AsistenteYPrimeraPregunta) {
     });
     f->Timer5->setInterval(10);
     f->Timer5->start();
-    QTest::qWait(50);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !e.dialogo.preguntas.isEmpty(); }, 600000));
     EXPECT_EQ(e.dialogo.preguntas.value(0),
               "Desea recibir ayuda para hacer los primeros asientos?");
     EXPECT_EQ(paginas, 6);

@@ -15,12 +15,12 @@
 #include "reports/forms/FormOpcionesLibro.h"
 #include "reports/forms/MenusLibros.h"
 #include "store/Conexiones.h"
+#include "store/forms/CajaFecha.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -80,7 +80,7 @@ TEST(FormOpcionesLibro, Form77MuestraLosAjustesYFiltraLasTeclas) {
     EXPECT_EQ(Control<QComboBox>(&f, "Combo1")->currentText(), "Arial Narrow");
     EXPECT_EQ(Control<QComboBox>(&f, "Combo2")->currentText(), "9");
     EXPECT_EQ(Control<QComboBox>(&f, "Combo2")->count(), 6); // 7 to 12
-    EXPECT_EQ(Control<QDateEdit>(&f, "DTPicker1")->date(), QDate::currentDate());
+    EXPECT_EQ(Control<CajaFecha>(&f, "DTPicker1")->date(), QDate::currentDate());
     EXPECT_TRUE(Control<QRadioButton>(&f, "Option2")->isChecked()); // "Modelo oficial"
     EXPECT_EQ(Control<QRadioButton>(&f, "Option1")->text(), "Borrador");
     EXPECT_EQ(Control<QCheckBox>(&f, "Check1")->text(), "Incluir número de Documento");
@@ -177,10 +177,9 @@ TEST(Form6, ValoresInicialesYComprobaciones) {
     QApplication::setActiveWindow(&f);
     EXPECT_TRUE(Control<QPushButton>(&f, "Command1")->isEnabled());
     EXPECT_EQ(Textos(&f, {"Text1", "Text2"}), QStringList({"1", "3"}));
-    EXPECT_EQ(Control<QDateEdit>(&f, "DTPicker1")->date(), QDate(2024, 1, 1));
-    EXPECT_EQ(Control<QDateEdit>(&f, "DTPicker2")->date(), QDate(2024, 12, 31));
-    EXPECT_EQ(Control<QDateEdit>(&f, "DTPicker1")->minimumDate(), QDate(2024, 1, 1));
-    EXPECT_FALSE(Control<QDateEdit>(&f, "DTPicker1")->isEnabled());
+    EXPECT_EQ(Control<CajaFecha>(&f, "DTPicker1")->date(), QDate(2024, 1, 1));
+    EXPECT_EQ(Control<CajaFecha>(&f, "DTPicker2")->date(), QDate(2024, 12, 31));
+    EXPECT_FALSE(Control<CajaFecha>(&f, "DTPicker1")->isEnabled());
 
     Escribir(&f, "Text2", "dos");
     Pulsar(&f, "Command1");
@@ -192,12 +191,27 @@ TEST(Form6, ValoresInicialesYComprobaciones) {
     Pulsar(&f, "Option2");
     EXPECT_EQ(Control<QLineEdit>(&f, "Text2")->text(), "3");
     EXPECT_FALSE(Control<QLineEdit>(&f, "Text1")->isEnabled());
-    EXPECT_TRUE(Control<QDateEdit>(&f, "DTPicker1")->isEnabled());
-    Control<QDateEdit>(&f, "DTPicker1")->setDate(QDate(2024, 6, 1));
-    Control<QDateEdit>(&f, "DTPicker2")->setDate(QDate(2024, 5, 1));
+    EXPECT_TRUE(Control<CajaFecha>(&f, "DTPicker1")->isEnabled());
+    // A date that does not exist is refused as the posting screen refuses it, not moved to the
+    // end of the month; one outside the exercise is refused too.
+    for (const auto& [escrita, mensaje] :
+         {std::pair{"31/02/2024", "La fecha introducida no es una fecha válida."},
+          std::pair{"310224", "La fecha introducida no es una fecha válida."},
+          std::pair{"", "La fecha introducida no es una fecha válida."},
+          std::pair{"1/1/2025", "La fecha debe estar entre el 01/01/2024 y el 31/12/2024."}}) {
+        Escribir(&f, "DTPicker2", escrita);
+        Pulsar(&f, "Command1");
+        EXPECT_TRUE(f.isVisible());
+        EXPECT_EQ(e.dialogo.informados.last(), mensaje) << escrita;
+        EXPECT_EQ(QApplication::focusWidget(), Control<QLineEdit>(&f, "DTPicker2"));
+    }
+    // Typed as in the posting screen, it is shown whole.
+    Escribir(&f, "DTPicker1", "1624");
+    Escribir(&f, "DTPicker2", "010524");
     Pulsar(&f, "Command1");
+    EXPECT_EQ(Textos(&f, {"DTPicker1", "DTPicker2"}), QStringList({"01/06/2024", "01/05/2024"}));
     EXPECT_EQ(e.dialogo.informados.last(), "La fecha inicial debe ser menor o igual que la final.");
-    Control<QDateEdit>(&f, "DTPicker2")->setDate(QDate(2024, 7, 1));
+    Control<CajaFecha>(&f, "DTPicker2")->setDate(QDate(2024, 7, 1));
     Pulsar(&f, "Command1");
     EXPECT_EQ(f.result(), QDialog::Accepted);
     EXPECT_TRUE(f.seleccion().porFechas);

@@ -14,10 +14,10 @@
 #include "reports/forms/Form9.h"
 #include "reports/forms/MenusLibros.h"
 
+#include "store/forms/CajaFecha.h"
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -88,7 +88,7 @@ TEST(Form10, AbiertoSobreUnaSubcuentaConTotalesYCajas) {
     Guardar(f, "form10");
 
     // Its own boxes: the first day of the exercise leaves only the period line.
-    Control<QDateEdit>(f, "DTPicker1")->setDate(QDate(2024, 1, 1));
+    Control<CajaFecha>(f, "DTPicker1")->setDate(QDate(2024, 1, 1));
     Q_EMIT f->cajas()->cambiada();
     QApplication::processEvents();
     EXPECT_EQ(f->rejilla().Filas(), 3);

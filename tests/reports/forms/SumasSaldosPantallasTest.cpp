@@ -14,8 +14,8 @@
 #include "reports/forms/Form78.h"
 #include "reports/forms/MenusLibros.h"
 
+#include "store/forms/CajaFecha.h"
 #include <QAction>
-#include <QDateEdit>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenu>
@@ -54,14 +54,21 @@ TEST(Form78, FechasDelEjercicioYCancelar) {
     Entorno e;
     Asientos(e);
     {
-        Form78 f(e.sesion, *e.ajustes);
+        Form78 f(e.sesion, *e.ajustes, e.dialogo);
         EXPECT_EQ(f.windowTitle(), "Sumas y Saldos");
         EXPECT_EQ(f.desde(), QDate(2024, 1, 1));
         EXPECT_EQ(f.hasta(), QDate(2024, 12, 31));
         EXPECT_EQ(Control<QGroupBox>(&f, "")->title(), "Seleccionar Fecha");
-        // The pickers stay within the exercise.
-        Control<QDateEdit>(&f, "DTPicker2")->setDate(QDate(2025, 3, 1));
-        EXPECT_EQ(f.hasta(), QDate(2024, 12, 31));
+        // A date outside the exercise, or one that does not exist, is refused.
+        f.show();
+        Control<CajaFecha>(&f, "DTPicker2")->setText("01/03/2025");
+        Pulsar(&f, "Command1");
+        EXPECT_EQ(e.dialogo.informados.value(0),
+                  "La fecha debe estar entre el 01/01/2024 y el 31/12/2024.");
+        Control<CajaFecha>(&f, "DTPicker2")->setText("29/02/2023");
+        Pulsar(&f, "Command1");
+        EXPECT_EQ(e.dialogo.informados.value(1), "La fecha introducida no es una fecha válida.");
+        EXPECT_EQ(f.result(), 0) << "still open";
     }
     AlAbrirseModal([](QWidget* w) {
         EXPECT_EQ(w->objectName(), "Form78");
@@ -71,7 +78,7 @@ TEST(Form78, FechasDelEjercicioYCancelar) {
 
     // Accepted with a period: the list of those dates.
     AlAbrirseModal([](QWidget* w) {
-        Control<QDateEdit>(w, "DTPicker1")->setDate(QDate(2024, 2, 1));
+        Control<CajaFecha>(w, "DTPicker1")->setDate(QDate(2024, 2, 1));
         Pulsar(w, "Command1");
     });
     QPointer<Form11> f = Form11::Abrir(e.sesion, *e.ajustes, e.dialogo);

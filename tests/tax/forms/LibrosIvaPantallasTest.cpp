@@ -14,10 +14,10 @@
 #include "tax/forms/MenusLibrosIva.h"
 #include "tax/forms/VentanaLibroIva.h"
 
+#include "store/forms/CajaFecha.h"
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QLabel>
 #include <QMenu>
 #include <QPointer>
@@ -73,13 +73,20 @@ TEST(Form25, EleccionFechasInvertidasYCancelar) {
     AlAbrirseModal([&](QWidget* w) {
         EXPECT_EQ(w->objectName(), "Form25");
         EXPECT_EQ(w->windowTitle(), "Seleccionar");
-        // The dates of the exercise, which also bound the pickers.
-        auto* desde = Control<QDateEdit>(w, "DTPicker1");
-        auto* hasta = Control<QDateEdit>(w, "DTPicker2");
+        // The dates of the exercise; one outside it, or one that does not exist, is refused.
+        auto* desde = Control<CajaFecha>(w, "DTPicker1");
+        auto* hasta = Control<CajaFecha>(w, "DTPicker2");
         EXPECT_EQ(std::pair(desde->date(), hasta->date()),
                   std::pair(QDate(2024, 1, 1), QDate(2024, 12, 31)));
-        hasta->setDate(QDate(2025, 2, 1));
-        EXPECT_EQ(hasta->date(), QDate(2024, 12, 31));
+        hasta->setText("01/02/2025");
+        Pulsar(w, "Command1");
+        hasta->setText("30/02/2024");
+        Pulsar(w, "Command1");
+        EXPECT_EQ(e.dialogo.informados,
+                  QStringList({"La fecha debe estar entre el 01/01/2024 y el 31/12/2024.",
+                               "La fecha introducida no es una fecha válida."}));
+        e.dialogo.informados.clear();
+        hasta->setDate(QDate(2024, 12, 31));
         auto* sectores = Control<QComboBox>(w, "Combo1");
         QStringList items;
         for (int i = 0; i < sectores->count(); ++i)
@@ -95,14 +102,14 @@ TEST(Form25, EleccionFechasInvertidasYCancelar) {
     // entry numbers.
     AlAbrirseModal([&](QWidget* w) {
         EXPECT_TRUE(Control<QCheckBox>(w, "Check2")->isEnabled());
-        Control<QDateEdit>(w, "DTPicker1")->setDate(QDate(2024, 5, 2));
-        Control<QDateEdit>(w, "DTPicker2")->setDate(QDate(2024, 5, 1));
-        Control<QDateEdit>(w, "DTPicker2")->setFocus();
+        Control<CajaFecha>(w, "DTPicker1")->setDate(QDate(2024, 5, 2));
+        Control<CajaFecha>(w, "DTPicker2")->setDate(QDate(2024, 5, 1));
+        Control<CajaFecha>(w, "DTPicker2")->setFocus();
         Pulsar(w, "Command1");
         EXPECT_EQ(e.dialogo.informados, QStringList{MsgLibroFechas});
         EXPECT_TRUE(w->isVisible());
-        EXPECT_EQ(w->focusWidget(), Control<QDateEdit>(w, "DTPicker1"));
-        Control<QDateEdit>(w, "DTPicker1")->setDate(QDate(2024, 1, 1));
+        EXPECT_EQ(w->focusWidget(), Control<CajaFecha>(w, "DTPicker1"));
+        Control<CajaFecha>(w, "DTPicker1")->setDate(QDate(2024, 1, 1));
         Control<QComboBox>(w, "Combo1")->setCurrentText("D'Ana");
         Pulsar(w, "Check1");
         Pulsar(w, "Command1");

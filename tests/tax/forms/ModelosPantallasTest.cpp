@@ -14,10 +14,10 @@
 #include "tax/forms/Form96.h"
 #include "tax/forms/MenusModelos.h"
 
+#include "store/forms/CajaFecha.h"
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
@@ -38,8 +38,8 @@ void Teclear(const QWidget* f, const QString& campo, const QString& texto) {
 }
 
 void Fechas(QWidget* w, const QDate& d1, const QDate& d2) {
-    Control<QDateEdit>(w, "DTPicker1")->setDate(d1);
-    Control<QDateEdit>(w, "DTPicker2")->setDate(d2);
+    Control<CajaFecha>(w, "DTPicker1")->setDate(d1);
+    Control<CajaFecha>(w, "DTPicker2")->setDate(d2);
 }
 
 // The draft a window printed, on the recording surface.
