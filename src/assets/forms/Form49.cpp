@@ -12,7 +12,7 @@ Form49::Form49(Sesion& s, Ajustes& a, Dialogo& d, const QString& ruta,
     setWindowTitle(QStringLiteral("Quilmar [Presupuesto: %1   Ejercicio: %2   Periodo:%3]")
                        .arg(p_.Nombre, p_.Ano, EtiquetaPeriodo(per_)));
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("&Imprimir"),
-                                    QStyle::SP_FileDialogDetailedView, [this] { Imprimir(); });
+                                    Accion::Imprimir, [this] { Imprimir(); });
     ponerBarra({{1, accionCerrar()}, {3, accionCopiar()}, {4, imprimir}, {5, accionExportar()}});
     alMenu(imprimir);
     Refrescar();

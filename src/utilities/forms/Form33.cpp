@@ -8,7 +8,7 @@
 Form33::Form33(Sesion& s, Ajustes& a, Dialogo& d, const Calculadora& k, QWidget* padre)
     : VentanaLibro(s, a, d, 33, QStringLiteral("Quilmar [Cuadro amortización]"), padre), k_(k) {
     QAction* imprimir = nuevaAccion(QStringLiteral("mnuImprimir"), QStringLiteral("&Imprimir"),
-                                    QStyle::SP_FileDialogDetailedView, [this] { Imprimir(); });
+                                    Accion::Imprimir, [this] { Imprimir(); });
     ponerBarra({{1, accionCerrar()}, {3, accionCopiar()}, {4, imprimir}, {5, accionExportar()}});
     Llenar([this](const Progreso&) { rejilla() = CuadroPrestamo(k_); });
 }
