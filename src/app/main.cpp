@@ -3,6 +3,7 @@
 // installation on first use, the board and the access to companies.
 
 #include "assets/forms/MenusInventario.h"
+#include "assets/forms/MenusPresupuestos.h"
 #include "chart/forms/MenusCuentas.h"
 #include "platform/Ajustes.h"
 #include "platform/Errores.h"
@@ -32,6 +33,7 @@
 #include "yearend/Adaptacion.h"
 #include "yearend/forms/MenusAdaptacion.h"
 #include "yearend/forms/MenusCierre.h"
+#include "utilities/forms/MenusCalculadora.h"
 
 #include <QApplication>
 #include <QDir>
@@ -140,6 +142,8 @@ int main(int argc, char** argv) {
     ConectarInventario(tablero, s, a, d);
     ConectarCajaYPunteo(tablero, s, a, d);
     ConectarCierre(tablero, s, a, d);
+    ConectarPresupuestos(tablero, s, a, d);
+    ConectarCalculadora(tablero, s, a, d);
     ConectarVencimientos(tablero, s, a, d);
     ConectarUtilidades(tablero, s, a, d);
     ConectarAnalisis(tablero, s, a, d);

@@ -52,8 +52,6 @@ QList<Aviso> AvisosDelDia(const QList<Aviso>& avisos, const QDate& dia, const QD
     return r;
 }
 
-// NombresMeses() is the one of the books (reports/IngresosGastos.cpp): the same twelve names.
-
 const QStringList& NombresDias() {
     static const QStringList d{QStringLiteral("Lun"), QStringLiteral("Mar"), QStringLiteral("Mié"),
                                QStringLiteral("Jue"), QStringLiteral("Vie"), QStringLiteral("Sáb"),
