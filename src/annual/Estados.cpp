@@ -87,7 +87,7 @@ Rejilla RejillaEstado(Modelo m, int ano, bool segunda) {
 
 int BuscarFila(const Rejilla& r, const QString& etiqueta, int desde) {
     for (int f = desde; f < r.Filas(); ++f)
-        for (int c = ColNivel1; c <= ColSubcuenta; ++c)
+        for (int c = ColEstNivel1; c <= ColEstSubcuenta; ++c)
             if (r.Celda(f, c).trimmed() == etiqueta)
                 return f;
     return -1;
@@ -114,7 +114,7 @@ QList<Prefijo> Prefijos(const LineaEstado& l) {
 }
 
 int ColumnaNivel(int nivel) {
-    return nivel <= 1 ? ColNivel1 : nivel - 1;
+    return nivel <= 1 ? ColEstNivel1 : nivel - 1;
 }
 
 QString Importe(double v) {
@@ -173,7 +173,7 @@ public:
         if (desglose_) {
             for (auto it = buffer_.cbegin(); it != buffer_.cend(); ++it) {
                 const int f = r_.AgregarFila(QStringList());
-                r_.PonerCelda(f, ColSubcuenta, it->cuenta);
+                r_.PonerCelda(f, ColEstSubcuenta, it->cuenta);
                 if (it->en[0])
                     r_.PonerCelda(f, ColImporte(m_), Importe(it->importe[0]));
                 if (comparacion_ && it->en[1])
@@ -190,7 +190,7 @@ public:
         const int f = r_.AgregarFila(QStringList());
         r_.PonerCelda(f, ColumnaNivel(nivel), etiqueta);
         if (nivel <= 1) {
-            r_.CombinarFila(f, ColNivel1, ColSubcuenta);
+            r_.CombinarFila(f, ColEstNivel1, ColEstSubcuenta);
             r_.PonerNegritaFila(f);
         }
         return f;

@@ -51,7 +51,7 @@ DatosEjercicio LeerDatosEstado(Conexion& c);
 
 // Columns of a statement grid: three levels, the subaccount's name, "Notas Mem." in the PYMES
 // layouts, and the amounts of the year and of the previous one.
-enum ColumnaEstado { ColNivel1, ColNivel2, ColNivel3, ColSubcuenta };
+enum ColumnaEstado { ColEstNivel1, ColEstNivel2, ColEstNivel3, ColEstSubcuenta };
 int ColImporte(Modelo m);         // the exercise's amount
 int ColImporteAnterior(Modelo m); // the previous year's
 int ColNotas(Modelo m);           // -1 when the layout has none

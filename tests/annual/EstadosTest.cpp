@@ -86,24 +86,24 @@ TEST(Balance, OldLayoutHeadingsComeOnDemandWithTheirSums) {
     // The old layout always shows the subaccounts, whatever was asked.
     EXPECT_TRUE(e.desglose);
     ASSERT_EQ(a.Filas(), 8);
-    EXPECT_EQ(a.Celda(0, ColNivel1), "D) Activo circulante");
-    EXPECT_TRUE(a.Negrita(0, ColNivel1));
+    EXPECT_EQ(a.Celda(0, ColEstNivel1), "D) Activo circulante");
+    EXPECT_TRUE(a.Negrita(0, ColEstNivel1));
     EXPECT_EQ(Actual(e, a, 0), "175,50");
-    EXPECT_EQ(a.Celda(1, ColNivel2), "III. Deudores");
+    EXPECT_EQ(a.Celda(1, ColEstNivel2), "III. Deudores");
     EXPECT_EQ(Actual(e, a, 1), "100,00");
-    EXPECT_EQ(a.Celda(2, ColNivel3), "1. Clientes por ventas y prestaciones de servicios");
-    EXPECT_EQ(a.Celda(3, ColSubcuenta), "Cuenta 143000001");
+    EXPECT_EQ(a.Celda(2, ColEstNivel3), "1. Clientes por ventas y prestaciones de servicios");
+    EXPECT_EQ(a.Celda(3, ColEstSubcuenta), "Cuenta 143000001");
     EXPECT_EQ(Actual(e, a, 3), "100,00");
-    EXPECT_EQ(a.Celda(4, ColNivel2), "VI. Tesorería");
+    EXPECT_EQ(a.Celda(4, ColEstNivel2), "VI. Tesorería");
     EXPECT_EQ(Actual(e, a, 4), "75,50");
-    EXPECT_EQ(a.Celda(5, ColSubcuenta), "Cuenta 157200001");
-    EXPECT_EQ(a.Celda(6, ColSubcuenta), "Cuenta 157200002");
+    EXPECT_EQ(a.Celda(5, ColEstSubcuenta), "Cuenta 157200001");
+    EXPECT_EQ(a.Celda(6, ColEstSubcuenta), "Cuenta 157200002");
     EXPECT_EQ(Actual(e, a, 6), "25,50");
     // The repeated "D) Activo circulante" of the accruals has nothing: no second heading.
     EXPECT_EQ(BuscarFila(a, "D) Activo circulante", 1), -1);
-    EXPECT_EQ(a.Celda(2, ColNivel3).isEmpty(), false);
+    EXPECT_EQ(a.Celda(2, ColEstNivel3).isEmpty(), false);
     EXPECT_EQ(Actual(e, a, 2), "100,00");
-    EXPECT_EQ(a.Celda(7, ColNivel1),
+    EXPECT_EQ(a.Celda(7, ColEstNivel1),
               "TOTAL ACTIVO .  .  .  .  .  .  .  .  .  .  .  .  .  .  .  .  .");
     EXPECT_EQ(Actual(e, a, 7), "175,50");
     EXPECT_EQ(e.total1[0], 175.5);
@@ -130,7 +130,7 @@ TEST(Balance, ResultLineAndPreviousYearOnlyLines) {
     ASSERT_GE(res, 0);
     EXPECT_EQ(Actual(e, p, res), "300,00");
     EXPECT_EQ(Anterior(e, p, res), "100,00");
-    EXPECT_EQ(p.Celda(res + 1, ColSubcuenta), "Pérdidas y ganancias");
+    EXPECT_EQ(p.Celda(res + 1, ColEstSubcuenta), "Pérdidas y ganancias");
     // A heading met first by last year's pass carries that pass's wording.
     const int reserva = BuscarFila(p, "4. Reservas estaturias");
     ASSERT_GE(reserva, 0);
@@ -236,9 +236,9 @@ TEST(PerdidasGanancias, OnlyIncomeGivesNoDebitRowsButTheResults) {
         LlenarEstado(Modelo::Form82, 2005, Datos({S("705", 0, 80, 1, "3")}), {}, true);
     // Only the title of the debit side and the result rows of the profit.
     ASSERT_GE(e.lista1.Filas(), 1);
-    EXPECT_EQ(e.lista1.Celda(0, ColNivel1), "A) GASTOS (A1 a A16)");
+    EXPECT_EQ(e.lista1.Celda(0, ColEstNivel1), "A) GASTOS (A1 a A16)");
     for (int f = 1; f < e.lista1.Filas(); ++f) {
-        EXPECT_TRUE(e.lista1.Celda(f, ColNivel1).startsWith(u'A')) << f;
+        EXPECT_TRUE(e.lista1.Celda(f, ColEstNivel1).startsWith(u'A')) << f;
         EXPECT_EQ(Actual(e, e.lista1, f), "80,00");
     }
     EXPECT_EQ(e.lista1.Filas(), 1 + 4); // AI, AIII, AV, AVI
@@ -265,7 +265,7 @@ TEST(PerdidasGanancias, PymesSignsAndResults) {
     const int d = BuscarFila(r, "D) RESULTADO DEL EJERCICIO (C+17)");
     EXPECT_EQ(Actual(e, r, d), "470,00");
     EXPECT_EQ(Anterior(e, r, d), "190,00");
-    EXPECT_TRUE(r.Negrita(d, ColNivel1));
+    EXPECT_TRUE(r.Negrita(d, ColEstNivel1));
     EXPECT_EQ(e.resultado[0], n.resultado);
     // Without line 18 in either year the short wording stands.
     const EstadoCuentas sin = LlenarEstado(Modelo::Form106, 2026, n, {}, false);
