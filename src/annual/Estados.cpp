@@ -189,10 +189,11 @@ public:
     int Encabezado(const QString& etiqueta, int nivel) {
         const int f = r_.AgregarFila(QStringList());
         r_.PonerCelda(f, ColumnaNivel(nivel), etiqueta);
-        if (nivel <= 1) {
-            r_.CombinarFila(f, ColEstNivel1, ColEstSubcuenta);
+        // The label spans the text columns from its level on, so the list can keep the level
+        // columns narrow as indents.
+        r_.CombinarFila(f, ColumnaNivel(nivel), ColEstSubcuenta);
+        if (nivel <= 1)
             r_.PonerNegritaFila(f);
-        }
         return f;
     }
 
