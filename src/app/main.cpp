@@ -12,9 +12,11 @@
 #include "platform/forms/DialogoVentanas.h"
 #include "posting/EmpresaDemo.h"
 #include "posting/forms/Form1.h"
+#include "posting/forms/MenusCaja.h"
 #include "posting/forms/MenusMantenimiento.h"
 #include "posting/forms/MenusPlantillas.h"
 #include "posting/forms/MenusVencimientos.h"
+#include "reports/forms/MenusAnalisis.h"
 #include "reports/forms/MenusLibros.h"
 #include "store/Arranque.h"
 #include "store/CargarEmp.h"
@@ -27,6 +29,8 @@
 #include "store/forms/Form44.h"
 #include "tax/forms/MenusLibrosIva.h"
 #include "tax/forms/MenusModelos.h"
+#include "utilities/forms/MenusUtilidades.h"
+#include "yearend/forms/MenusCierre.h"
 
 #include <QApplication>
 #include <QDir>
@@ -133,7 +137,11 @@ int main(int argc, char** argv) {
     ConectarLibrosIva(tablero, s, a, d);
     ConectarModelos(tablero, s, a, d);
     ConectarInventario(tablero, s, a, d);
+    ConectarCajaYPunteo(tablero, s, a, d);
+    ConectarCierre(tablero, s, a, d);
     ConectarVencimientos(tablero, s, a, d);
+    ConectarUtilidades(tablero, s, a, d);
+    ConectarAnalisis(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();

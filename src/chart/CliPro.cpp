@@ -1,6 +1,7 @@
 #include "chart/CliPro.h"
 
 #include "platform/Almacen.h"
+#include "store/Campos.h"
 
 const QString MsgSinAcentos =
     QStringLiteral("Por favor no ponga acentos en las áreas SE DEBE ni NOS DEBEN.");
@@ -13,6 +14,19 @@ bool FichaCliPro::mismosDatos(const FichaCliPro& o) const {
            t(CPostal) == t(o.CPostal) && t(Provincia) == t(o.Provincia) && t(Pais) == t(o.Pais) &&
            t(Tfn1) == t(o.Tfn1) && t(Tfn2) == t(o.Tfn2) && t(Contacto) == t(o.Contacto) &&
            t(Observaciones) == t(o.Observaciones);
+}
+
+void ComprobarFicha(const FichaCliPro& f) {
+    TextoCampo(Campo::NIF, f.NIF);
+    TextoCampo(Campo::Domicilio, f.Domicilio);
+    TextoCampo(Campo::Municipio, f.Municipio);
+    TextoCampo(Campo::CPostal, f.CPostal);
+    TextoCampo(Campo::Provincia, f.Provincia);
+    TextoCampo(Campo::Pais, f.Pais);
+    TextoCampo(Campo::Telefono, f.Tfn1);
+    TextoCampo(Campo::Telefono, f.Tfn2);
+    TextoCampo(Campo::Contacto, f.Contacto);
+    TextoCampo(Campo::Observaciones, f.Observaciones);
 }
 
 ResultadoCompCliPro CompCliPro(Conexion& c, const QString& nif) {
@@ -28,6 +42,7 @@ ResultadoCompCliPro CompCliPro(Conexion& c, const QString& nif) {
 }
 
 void InsCliPro(Conexion& c, const FichaCliPro& f) {
+    ComprobarFicha(f);
     const QString n = f.NCuenta.trimmed();
     const QVariantList datos{f.NIF.trimmed(),
                              f.Domicilio.trimmed(),

@@ -30,9 +30,14 @@ struct ResultadoCompCliPro {
     QString NCuenta;
 };
 
+// Refuses (Rechazo, naming the field) a card field with a control character or longer than its
+// field.
+void ComprobarFicha(const FichaCliPro& f);
+
 // Whether a non-empty NIF is already on a card, and on which subaccount.
 ResultadoCompCliPro CompCliPro(Conexion& c, const QString& nif);
-// Writes the card of f.NCuenta, adding the row when it has none. Texts are trimmed.
+// Writes the card of f.NCuenta, adding the row when it has none. Texts are trimmed, and checked
+// with ComprobarFicha first.
 void InsCliPro(Conexion& c, const FichaCliPro& f);
 // The card of a subaccount with its name; all fields empty when it has none.
 FichaCliPro ObtCliPro(Conexion& c, const QString& ncuenta);

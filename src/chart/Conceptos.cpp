@@ -1,8 +1,9 @@
 #include "chart/Conceptos.h"
 
-#include "journal/EjercicioAbierto.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
+#include "platform/Errores.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Sesion.h"
 
@@ -29,15 +30,19 @@ QString TextoConcepto(Sesion& s, qint64 codigo) {
 }
 
 bool GuardarConcepto(Sesion& s, Dialogo& d, const QString& codigo, const QString& nombre) {
-    if (!EjercicioAbierto(s, d))
-        return false;
     static const QRegularExpression digitos(QStringLiteral("^[0-9]{1,9}$"));
     const QString cod = codigo.trimmed();
     if (!digitos.match(cod).hasMatch()) {
         d.Informar(QStringLiteral("Debe introducir el código del Concepto."));
         return false;
     }
-    const QString nom = nombre.trimmed();
+    QString nom;
+    try {
+        nom = TextoCampo(Campo::NombreConcepto, nombre);
+    } catch (const Rechazo& e) {
+        d.Informar(e.mensaje());
+        return false;
+    }
     if (nom.isEmpty()) {
         d.Informar(QStringLiteral("Debe introducir el nombre del Concepto."));
         return false;
@@ -59,8 +64,6 @@ bool GuardarConcepto(Sesion& s, Dialogo& d, const QString& codigo, const QString
 }
 
 bool EliminarConcepto(Sesion& s, Dialogo& d, qint64 codigo) {
-    if (!EjercicioAbierto(s, d))
-        return false;
     Conexion c = AbrirBavar(s);
     const QVariant nombre =
         c.escalar(QStringLiteral("SELECT Nombre FROM Conceptos WHERE Codigo = ?"), {codigo});

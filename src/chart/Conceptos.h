@@ -18,7 +18,8 @@ QList<FilaConcepto> ListaConceptos(Sesion& s);
 QString TextoConcepto(Sesion& s, qint64 codigo);
 
 // Adds the concept or, after asking, rewrites the text of an existing number. The code is typed
-// text of digits. False, after telling the user, when refused or not confirmed.
+// text of digits; the text, one of its field. False, after telling the user, when refused or not
+// confirmed. The list belongs to the company, not to an exercise: a closed exercise keeps it open.
 bool GuardarConcepto(Sesion& s, Dialogo& d, const QString& codigo, const QString& nombre);
 bool EliminarConcepto(Sesion& s, Dialogo& d, qint64 codigo);
 

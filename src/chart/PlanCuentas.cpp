@@ -5,7 +5,9 @@
 #include "journal/EjercicioAbierto.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
+#include "platform/Errores.h"
 #include "platform/Ficheros.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/ListasEmpresas.h"
 #include "store/Sesion.h"
@@ -48,6 +50,9 @@ std::optional<ResultadoPlan> limitesCuenta(Dialogo& d, const QString& nombre) {
     if (nombre.trimmed().isEmpty())
         return rechazo(d, QStringLiteral("Por favor, introduzca el nombre de la nueva Cuenta"),
                        CampoPlan::NombreCuenta);
+    if (TieneControles(nombre))
+        return rechazo(d, MsgControles(EtiquetaCampo(Campo::NombreCuenta)),
+                       CampoPlan::NombreCuenta);
     return std::nullopt;
 }
 
@@ -61,8 +66,21 @@ std::optional<ResultadoPlan> limitesSubcuenta(Dialogo& d, const QString& nombre,
             CampoPlan::NombreSubcuenta, nombre.left(MaxNombreSubcuenta));
     if (nombre.trimmed().isEmpty())
         return rechazo(d, msgVacio, CampoPlan::NombreSubcuenta);
+    if (TieneControles(nombre))
+        return rechazo(d, MsgControles(EtiquetaCampo(Campo::NombreSubcuenta)),
+                       CampoPlan::NombreSubcuenta);
     if (AreaConFicha(area) && TieneAcentos(nombre))
         return rechazo(d, MsgSinAcentos, CampoPlan::NombreSubcuenta);
+    return std::nullopt;
+}
+
+// A card whose fields don't fit or carry control characters; empty when it passes.
+std::optional<ResultadoPlan> fichaRechazada(Dialogo& d, const FichaCliPro& f) {
+    try {
+        ComprobarFicha(f);
+    } catch (const Rechazo& e) {
+        return rechazo(d, e.mensaje());
+    }
     return std::nullopt;
 }
 
@@ -283,6 +301,8 @@ ResultadoPlan AnadirSubcuenta(Sesion& s, Dialogo& d, const NuevaSubcuenta& n) {
                        CampoPlan::CuentaSubcuenta);
     const bool conFicha = AreaConFicha(n.area);
     if (conFicha) {
+        if (auto r = fichaRechazada(d, n.ficha))
+            return *r;
         const ResultadoCompCliPro otro = CompCliPro(c, n.ficha.NIF);
         if (otro.existe) {
             const QVariant nombreOtro = c.escalar(
@@ -352,6 +372,9 @@ ResultadoPlan ModificarSubcuenta(Sesion& s, Dialogo& d, const QString& ncuenta,
         return rechazo(d, QStringLiteral("No se pudo hacer la modificación."));
     const QString nom = nombre.trimmed();
     const bool conFicha = ficha && AreaConFicha(area);
+    if (conFicha)
+        if (auto r = fichaRechazada(d, *ficha))
+            return *r;
     const bool cambiaNombre = actual.toString().trimmed() != nom;
     const bool cambiaFicha = conFicha && !ObtCliPro(c, n).mismosDatos(*ficha);
     if (!cambiaNombre && !cambiaFicha)

@@ -4,6 +4,8 @@
 #include "journal/Escritor.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
+#include "platform/Errores.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Sesion.h"
 
@@ -25,28 +27,56 @@ qint64 IdDeSector(Sesion& s, const QString& nombre) {
     return v.isValid() ? v.toLongLong() : 0;
 }
 
+QString NombreSector(Conexion& datos, const QString& nombre) {
+    if (nombre.trimmed().isEmpty())
+        return {};
+    const QVariant v = datos.escalar(
+        QStringLiteral("SELECT Sector FROM Sectores WHERE Sector = ? ORDER BY IdSector LIMIT 1"),
+        {nombre.trimmed()});
+    return v.isValid() ? v.toString().trimmed() : QString();
+}
+
 bool GuardarSector(Sesion& s, Dialogo& d, qint64 idSector, const QString& nombre) {
-    Conexion c = AbrirDatos(s);
-    if (!EjercicioAbierto(c, s, d))
+    QString nom;
+    try {
+        nom = TextoCampo(Campo::Sector, nombre);
+    } catch (const Rechazo& e) {
+        d.Informar(e.mensaje());
         return false;
-    const QString nom = nombre.trimmed();
+    }
     if (nom.isEmpty()) {
         d.Informar(QStringLiteral("Debe introducir el nombre del Sector."));
         return false;
     }
-    if (idSector == 0) {
+    Conexion c = AbrirDatos(s);
+    QString aviso;
+    QString viejo;
+    {
+        // The name is looked for under the write lock, so that two users can't both take it.
         Transaccion t(c);
-        c.ejecutar(QStringLiteral("INSERT INTO Sectores (Sector) VALUES (?)"), {nom});
-        t.confirmar();
-        return true;
+        if (idSector != 0) {
+            const QVariant anterior = c.escalar(
+                QStringLiteral("SELECT Sector FROM Sectores WHERE IdSector = ?"), {idSector});
+            if (!anterior.isValid())
+                aviso = QStringLiteral("No se encontró el registro.");
+            viejo = anterior.toString().trimmed();
+        }
+        // The column compares without case: "tienda" is the name of "Tienda". A sector may take
+        // its own name in other letters.
+        if (aviso.isEmpty() &&
+            c.existe(QStringLiteral("SELECT 1 FROM Sectores WHERE Sector = ? AND IdSector <> ?"),
+                     {nom, idSector}))
+            aviso = QStringLiteral("Ya existe un Sector con el nombre '%1'.").arg(nom);
+        if (aviso.isEmpty() && idSector == 0) {
+            c.ejecutar(QStringLiteral("INSERT INTO Sectores (Sector) VALUES (?)"), {nom});
+            t.confirmar();
+            return true;
+        }
     }
-    const QVariant anterior =
-        c.escalar(QStringLiteral("SELECT Sector FROM Sectores WHERE IdSector = ?"), {idSector});
-    if (!anterior.isValid()) {
-        d.Informar(QStringLiteral("No se encontró el registro."));
+    if (!aviso.isEmpty()) {
+        d.Informar(aviso);
         return false;
     }
-    const QString viejo = anterior.toString().trimmed();
     // The company tables first, then the list: a failure between the two leaves the old name in
     // the list, from where the rename can simply be repeated.
     {
@@ -66,11 +96,15 @@ bool GuardarSector(Sesion& s, Dialogo& d, qint64 idSector, const QString& nombre
     return true;
 }
 
-int EliminarSector(Sesion& s, Dialogo& d, const QString& nombre) {
+int EliminarSector(Sesion& s, Dialogo& d, qint64 idSector) {
     Conexion c = AbrirDatos(s);
-    if (!EjercicioAbierto(c, s, d))
+    const QVariant nombre =
+        c.escalar(QStringLiteral("SELECT Sector FROM Sectores WHERE IdSector = ?"), {idSector});
+    if (!nombre.isValid()) {
+        d.Informar(QStringLiteral("No se encontró el registro."));
         return -1;
-    const QString nom = nombre.trimmed();
+    }
+    const QString nom = nombre.toString().trimmed();
     const QString prefijo = QStringLiteral("No se puede eliminar el Sector '") + nom;
     {
         Conexion bavar = AbrirBavar(s);
@@ -96,14 +130,25 @@ int EliminarSector(Sesion& s, Dialogo& d, const QString& nombre) {
             return -1;
         }
     }
+    // A twin row of the same name keeps the entries: they stand under it.
+    const bool gemelo =
+        c.existe(QStringLiteral("SELECT 1 FROM Sectores WHERE Sector = ? AND IdSector <> ?"),
+                 {nom, idSector});
+    const QString sqlAsientos =
+        QStringLiteral("SELECT DISTINCT NAs FROM Diario WHERE Sector = ? COLLATE NOCASE");
+    // Deleting entries is writing the books: a closed exercise keeps them.
+    if (!gemelo && c.existe(sqlAsientos, {nom}) && !EjercicioAbierto(c, s, d))
+        return -1;
     if (!d.Preguntar(QStringLiteral("Está seguro de que desea eliminar el Sector '") + nom +
-                     QStringLiteral("'?")) ||
-        !d.Preguntar(QStringLiteral(
-            "Atención! Si hay asientos contabilizados en los que se figure el Sector que se va a "
-            "eliminar también se eliminarían esos asientos. Desea continuar?")) ||
-        !d.Preguntar(QStringLiteral("Se va a eliminar el Sector '") + nom +
-                     QStringLiteral("' y todos los asientos en los que aparezca. La acción es "
-                                    "irreversible, desea continuar?")))
+                     QStringLiteral("'?")))
+        return -1;
+    if (!gemelo &&
+        (!d.Preguntar(QStringLiteral(
+             "Atención! Si hay asientos contabilizados en los que se figure el Sector que se va a "
+             "eliminar también se eliminarían esos asientos. Desea continuar?")) ||
+         !d.Preguntar(QStringLiteral("Se va a eliminar el Sector '") + nom +
+                      QStringLiteral("' y todos los asientos en los que aparezca. La acción es "
+                                     "irreversible, desea continuar?"))))
         return -1;
 
     // The entries go one by one through the same deletion as by hand, inside one transaction:
@@ -112,25 +157,18 @@ int EliminarSector(Sesion& s, Dialogo& d, const QString& nombre) {
     int eliminados = 0;
     try {
         Transaccion t(c);
-        const QVariant id = c.escalar(
-            QStringLiteral(
-                "SELECT IdSector FROM Sectores WHERE Sector = ? ORDER BY IdSector LIMIT 1"),
-            {nom});
-        if (!id.isValid())
-            throw ErrorAlmacen(QStringLiteral("No existe el Sector."));
         QList<qint64> asientos;
-        QSqlQuery q = c.ejecutar(
-            QStringLiteral("SELECT DISTINCT NAs FROM Diario WHERE Sector = ? COLLATE NOCASE "
-                           "ORDER BY NAs"),
-            {nom});
-        while (q.next())
-            asientos << q.value(0).toLongLong();
+        if (!gemelo) {
+            QSqlQuery q = c.ejecutar(sqlAsientos + QStringLiteral(" ORDER BY NAs"), {nom});
+            while (q.next())
+                asientos << q.value(0).toLongLong();
+        }
         for (const qint64 nas : asientos) {
             if (!ElimAsiento(c, s, static_cast<long>(nas)))
                 throw ErrorAlmacen(QStringLiteral("No se eliminó el asiento %1.").arg(nas));
             ++eliminados;
         }
-        c.ejecutar(QStringLiteral("DELETE FROM Sectores WHERE IdSector = ?"), {id});
+        c.ejecutar(QStringLiteral("DELETE FROM Sectores WHERE IdSector = ?"), {idSector});
         t.confirmar();
     } catch (const ErrorQuilmar&) {
         s.UltimoAsiento = ultimoAntes;

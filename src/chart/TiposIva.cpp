@@ -37,10 +37,17 @@ bool GuardarTipoIva(Sesion& s, Dialogo& d, const QString& ncuenta, const QString
     Conexion c = AbrirDatos(s);
     if (!EjercicioAbierto(c, s, d))
         return false;
-    bool numero = false;
-    const double tipo = ValorImporte(porcentaje.trimmed(), &numero);
-    if (porcentaje.trimmed().isEmpty() || !numero) {
+    // A rate is typed like an amount (digits and the decimal mark), so it is read like one.
+    const std::optional<double> leido = LeerImporte(porcentaje);
+    if (!leido) {
         d.Informar(QStringLiteral("Debe introducir el tipo de IVA o de Recargo de equivalencia."));
+        return false;
+    }
+    const double tipo = *leido;
+    if (tipo < 0 || tipo > 100) {
+        d.Informar(
+            QStringLiteral("El tipo «%1» no es válido: debe ser un porcentaje entre 0 y 100.")
+                .arg(porcentaje.trimmed()));
         return false;
     }
     const QString n = ncuenta.trimmed();

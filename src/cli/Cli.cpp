@@ -2,6 +2,8 @@
 
 #include "platform/Ajustes.h"
 #include "platform/Errores.h"
+#include "store/BloqueoEmpresa.h"
+#include "store/Campos.h"
 #include "store/CargarEmp.h"
 #include "store/Conexiones.h"
 #include "store/Empresas.h"
@@ -10,6 +12,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <cstdio>
+#include <unistd.h>
 
 std::function<void(ContextoCli&)> ContextoCli::comprobarAcceso;
 
@@ -102,9 +106,46 @@ void ContextoCli::abrirEmpresa() {
         throw Rechazo(
             QStringLiteral("No existe el ejercicio %1 de la empresa %2.").arg(ano).arg(empresa));
     CargarEjercicio(sesion);
+    // Held until the command ends, so that nobody compacts or restores the company meanwhile.
+    MarcarEmpresaAbierta(sesion);
 }
 
 void ImprimirFilas(QTextStream& salida, const QList<QStringList>& filas) {
-    for (const QStringList& f : filas)
+    for (QStringList f : filas) {
+        // A text stored before control characters were kept out must not shift the columns.
+        for (QString& celda : f)
+            if (TieneControles(celda))
+                celda = SinControles(celda);
         salida << f.join(QLatin1Char('\t')) << '\n';
+    }
+}
+
+std::function<void(const QString&, qint64, qint64)> ProgresoConsola() {
+    struct Estado {
+        QString etapa;
+        int parte = -1;
+        bool abierta = false; // a line on the terminal waits for its end
+        bool terminal = isatty(fileno(stderr)) != 0;
+    };
+    auto e = std::make_shared<Estado>();
+    return [e](const QString& etapa, qint64 hecho, qint64 total) {
+        const int pc = total > 0 ? static_cast<int>(std::min(hecho, total) * 100 / total) : 100;
+        const int parte = e->terminal ? pc : pc / 10;
+        if (etapa == e->etapa && parte == e->parte)
+            return;
+        const QByteArray texto = QStringLiteral("%1: %2 %").arg(etapa).arg(pc).toLocal8Bit();
+        if (e->terminal) {
+            if (e->abierta && etapa != e->etapa)
+                std::fputc('\n', stderr);
+            std::fprintf(stderr, "\r%s", texto.constData());
+            e->abierta = pc < 100;
+            if (!e->abierta)
+                std::fputc('\n', stderr);
+        } else {
+            std::fprintf(stderr, "%s\n", texto.constData());
+        }
+        e->etapa = etapa;
+        e->parte = parte;
+        std::fflush(stderr);
+    };
 }

@@ -60,6 +60,9 @@ struct Verbo {
     QStringList propias = {};
     // Runs before the folder of the companies is read from PLoc.dat (the verb that repairs it).
     bool antesDeDatos = false;
+    // The verb draws with the screens' own drawing (charts): the command runs a widget
+    // application, on the offscreen platform like every other.
+    bool ventanas = false;
 };
 
 // The login of the desktop for the command line: when the installation asks for one, --usuario
@@ -74,3 +77,7 @@ struct AltaVerbo {
 
 // Prints a table as tab-separated lines.
 void ImprimirFilas(QTextStream& salida, const QList<QStringList>& filas);
+
+// Progress of long work on standard error, by stage ("Saldos: 40 %"): rewritten in place on a
+// terminal, otherwise a line at each tenth, so that a log stays short.
+std::function<void(const QString& etapa, qint64 hecho, qint64 total)> ProgresoConsola();

@@ -4,9 +4,11 @@
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "posting/ComprobarAsiento.h"
 #include "posting/Contabilizar.h"
 #include "posting/EstadoTablero.h"
 #include "posting/Importar.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"
@@ -17,6 +19,8 @@
 #include <cstdio>
 
 namespace {
+
+const QString MsgImporteCero = QStringLiteral("el importe es 0,00 al redondearlo al céntimo.");
 
 // The VAT screen answered from the --iva options. A refusal of the screen ends the command (its
 // message is already shown); it never lets a later line's answer post the entry.
@@ -53,7 +57,7 @@ private:
 
     static void aplicar(CapturaIva& c, const QHash<QString, QString>& k) {
         if (k.contains(QStringLiteral("factura")))
-            c.Factura = k.value(QStringLiteral("factura"));
+            c.Factura = TextoCampo(Campo::NFactura, k.value(QStringLiteral("factura")));
         if (k.contains(QStringLiteral("base")))
             c.Base = k.value(QStringLiteral("base"));
         if (k.contains(QStringLiteral("libro")))
@@ -114,14 +118,21 @@ std::pair<QString, OpcionIva> leerIva(const QString& texto) {
 int asiento(ContextoCli& ctx) {
     ctx.abrirEmpresa();
     Sesion& s = ctx.sesion;
-    const QString concepto = ctx.opcion(QStringLiteral("concepto"));
     const QString textoFecha = ctx.opcion(QStringLiteral("fecha"));
     QList<std::pair<bool, QString>> lineas; // (debe, "NCUENTA=IMPORTE") in the order given
     for (const auto& [nombre, valor] : ctx.valores)
         if (nombre == QLatin1String("debe") || nombre == QLatin1String("haber"))
             lineas.append({nombre == QLatin1String("debe"), valor});
-    if (concepto.trimmed().isEmpty() || textoFecha.trimmed().isEmpty() || lineas.isEmpty())
-        throw Rechazo(QStringLiteral("Debe cumplimentar los campos de Fecha, Concepto e Importe."));
+    if (textoFecha.trimmed().isEmpty() || lineas.isEmpty())
+        throw Rechazo(MsgCumplimentar);
+    // The same checks as a line of an imported file.
+    const QString concepto = ComprobarAsiento::Concepto(ctx.opcion(QStringLiteral("concepto")));
+    const QString documento = ComprobarAsiento::Documento(ctx.opcion(QStringLiteral("documento")));
+    QString sector;
+    {
+        Conexion c = AbrirDatos(s);
+        sector = ComprobarAsiento(c).Sector(ctx.opcion(QStringLiteral("sector")));
+    }
     const QDate fecha = FechaDeTexto(ValidarFecha(textoFecha, ctx.dialogo));
     if (!fecha.isValid())
         return 1;
@@ -134,15 +145,27 @@ int asiento(ContextoCli& ctx) {
     {
         Conexion c = AbrirDatos(s);
         for (const auto& [debe, texto] : lineas) {
+            const QString opcion = debe ? QStringLiteral("--debe") : QStringLiteral("--haber");
+            if (TieneControles(texto))
+                throw Rechazo(MsgControles(opcion));
             const int igual = static_cast<int>(texto.indexOf(QLatin1Char('=')));
             const QString ncuenta = texto.left(igual).trimmed();
-            bool ok = false;
-            const double importe = ValorImporte(texto.mid(igual + 1), &ok);
-            if (igual <= 0 || !ok || importe <= 0)
-                throw Rechazo(
-                    QStringLiteral("--%1 se escribe NCUENTA=IMPORTE, con un importe "
-                                   "mayor que 0: '%2'.")
-                        .arg(debe ? QStringLiteral("debe") : QStringLiteral("haber"), texto));
+            const QString textoImporte = texto.mid(igual + 1);
+            if (igual <= 0 || textoImporte.trimmed().startsWith(QLatin1Char('-')) ||
+                textoImporte.trimmed().isEmpty())
+                throw Rechazo(QStringLiteral("%1 se escribe NCUENTA=IMPORTE, con un importe "
+                                             "mayor que 0: '%2'.")
+                                  .arg(opcion, texto));
+            // The line is named in front of the refusal of its amount.
+            const QString linea = QStringLiteral("%1 %2: ").arg(opcion, texto);
+            double importe = 0;
+            try {
+                importe = ComprobarAsiento::Importe(textoImporte);
+            } catch (const Rechazo& r) {
+                throw Rechazo(linea + r.mensaje());
+            }
+            if (importe <= 0)
+                throw Rechazo(linea + MsgImporteCero);
             const QVariant nombre = c.escalar(
                 QStringLiteral("SELECT Cuenta FROM Cuentas WHERE NCuenta = ?"), {ncuenta});
             if (!nombre.isValid())
@@ -153,7 +176,7 @@ int asiento(ContextoCli& ctx) {
             k.Rejilla.fijar(f, ColF4::Concepto, concepto);
             k.Rejilla.fijarImporte(f, debe ? ColF4::Debe : ColF4::Haber, importe);
             k.Rejilla.fijar(f, ColF4::NCuenta, ncuenta);
-            k.Rejilla.fijar(f, ColF4::Documento, ctx.opcion(QStringLiteral("documento")));
+            k.Rejilla.fijar(f, ColF4::Documento, documento);
         }
     }
     if (!CuadraCentimos(k.Rejilla))
@@ -164,9 +187,6 @@ int asiento(ContextoCli& ctx) {
     if (k.Rejilla.ultima() == 0)
         throw Rechazo(QStringLiteral("Las líneas del asiento se anulan entre sí: no queda nada que "
                                      "contabilizar."));
-    const QString sector = ctx.opcion(QStringLiteral("sector")).trimmed();
-    if (!sector.isEmpty() && !SectoresConVacio(s).contains(sector))
-        throw Rechazo(QStringLiteral("No existe el sector %1.").arg(sector));
 
     PantallaIvaCli pantalla;
     for (const QString& texto : ctx.opciones(QStringLiteral("iva"))) {
@@ -250,8 +270,11 @@ const AltaVerbo altaImportar{
          "primera línea nombra las columnas: NAs;NAp;Fecha;NCuenta;Concepto;Debe;Haber y, si se\n"
          "quiere, Documento;Sector (NAp puede faltar). Las líneas seguidas con el mismo NAs\n"
          "forman un asiento, que toma un número nuevo. Fechas dd/mm/aaaa o aaaa-mm-dd; importes\n"
-         "con punto o coma decimal. O se contabiliza todo el archivo, o nada: el primer error\n"
-         "se indica con su número de línea."),
+         "con punto o coma decimal, hasta 999.999.999.999,99. Cada línea pasa las comprobaciones\n"
+         "de quilmar-cli asiento: concepto obligatorio, textos sin caracteres de control y no\n"
+         "más largos que su campo, un sector que exista; un asiento ha de tener algún importe.\n"
+         "O se contabiliza todo el archivo, o nada: el primer error se indica con su número de\n"
+         "línea."),
      {},
      importar}};
 

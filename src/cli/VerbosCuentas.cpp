@@ -297,9 +297,9 @@ int sectorRenombrar(ContextoCli& c) {
 
 int sectorEliminar(ContextoCli& c) {
     c.abrirEmpresa();
-    const QString nombre = primero(c, QStringLiteral("el nombre del Sector"));
-    sectorPorNombre(c, nombre);
-    const int n = EliminarSector(c.sesion, c.dialogo, nombre);
+    const int n =
+        EliminarSector(c.sesion, c.dialogo,
+                       sectorPorNombre(c, primero(c, QStringLiteral("el nombre del Sector"))));
     if (n < 0)
         return 1;
     c.salida << QStringLiteral("Asientos eliminados: %1").arg(n) << '\n';

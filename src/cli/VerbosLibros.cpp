@@ -38,13 +38,16 @@ int diario(ContextoCli& c) {
     const ConfigOpciones config = ConfigFormOpciones(FormOpciones::Form77);
     OpcionesLibro op = OpcionesImpresionCli(c, config);
     // The initial sums under the option form's rule.
-    CajasOpciones sumas;
-    sumas.sumaDebe = c.opcion(QStringLiteral("suma-debe"));
-    sumas.sumaHaber = c.opcion(QStringLiteral("suma-haber"));
-    if (sumas.sumaDebe.trimmed().isEmpty() != sumas.sumaHaber.trimmed().isEmpty())
+    const QString sumaDebe = c.opcion(QStringLiteral("suma-debe"));
+    const QString sumaHaber = c.opcion(QStringLiteral("suma-haber"));
+    switch (LeerSumasIniciales(sumaDebe, sumaHaber, op.sumaDebe, op.sumaHaber)) {
+    case ResultadoOpciones::SumasIncompletas:
         throw Rechazo(MsgSumasIniciales);
-    op.sumaDebe = sumas.sumaDebe.trimmed().isEmpty() ? 0.0 : ValorImporte(sumas.sumaDebe);
-    op.sumaHaber = sumas.sumaHaber.trimmed().isEmpty() ? 0.0 : ValorImporte(sumas.sumaHaber);
+    case ResultadoOpciones::ImporteNoValido:
+        throw Rechazo(MsgSumaNoValida(sumaDebe, sumaHaber));
+    case ResultadoOpciones::Aceptado:
+        break;
+    }
     op.borrador = c.bandera(QStringLiteral("borrador"));
     op.conDocumento = c.bandera(QStringLiteral("documento"));
 

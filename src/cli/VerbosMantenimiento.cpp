@@ -11,11 +11,12 @@
 
 namespace {
 
-// A positional or option value that must be an entry number.
+// A positional or option value that must be an entry number; 0 is one, since an entry can be
+// renumbered to it.
 long numeroAsiento(const QString& texto, const QString& uso) {
     bool ok = false;
     const long n = texto.trimmed().toLong(&ok);
-    if (texto.trimmed().isEmpty() || !ok || n <= 0)
+    if (texto.trimmed().isEmpty() || !ok || n < 0)
         throw Rechazo(QStringLiteral("Indique un número de asiento: %1").arg(uso));
     return n;
 }

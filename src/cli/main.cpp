@@ -10,12 +10,14 @@
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDir>
 #include <QGuiApplication>
 #include <QLocale>
 #include <algorithm>
 #include <cstdio>
+#include <memory>
 
 namespace {
 
@@ -54,13 +56,13 @@ int main(int argc, char** argv) {
     // Fonts are needed to print books to PDF, also without a display.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
-    QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
-    CargarTraduccionesQt(app);
     QTextStream salida(stdout);
     salida.setEncoding(QStringConverter::Utf8);
 
-    QStringList args = app.arguments().mid(1);
+    // The verb is known before the application is made: a chart needs a widget application.
+    QStringList args;
+    for (int i = 1; i < argc; ++i)
+        args << QString::fromLocal8Bit(argv[i]);
     const QList<Verbo>& verbos = VerbosRegistrados();
     const Verbo* verbo = nullptr;
     QList<QPair<QString, QString>> valores;
@@ -99,6 +101,14 @@ int main(int argc, char** argv) {
             posicionales << a;
         }
     }
+    std::unique_ptr<QGuiApplication> app;
+    if (verbo && verbo->ventanas)
+        app = std::make_unique<QApplication>(argc, argv);
+    else
+        app = std::make_unique<QGuiApplication>(argc, argv);
+    QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+    CargarTraduccionesQt(*app);
+
     auto global = [&](const QString& n) {
         QString r;
         for (const auto& p : valores)

@@ -25,6 +25,11 @@ const QHash<QString, QString>& tablaDefectos() {
         t.insert(clave("Valores", "Impresora"), "Predeterminada del sistema");
         t.insert(clave("Valores", "CArea"), "Imagenes");
         t.insert(clave("Valores", "DiasAv"), "7");
+        t.insert(clave("Valores", "ElimAuto"), "SI");
+        t.insert(clave("Valores", "Ruta"), "Nada");
+        t.insert(clave("Valores", "Dimensiones"), "2D");
+        t.insert(clave("Valores", "TipoChart"), "Barras");
+        t.insert(clave("Valores", "VerImport"), "NO");
         t.insert(clave("Opciones", "AvisoRepe"), "True");
         for (const char* g : GruposInforme) {
             const QString grupo = QString::fromLatin1(g);

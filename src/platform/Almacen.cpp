@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlRecord>
@@ -244,19 +245,30 @@ Conexion::~Conexion() {
     QSqlDatabase::removeDatabase(nombre_);
 }
 
-void Conexion::comprobarTipo(TipoBase tipo) {
+void Conexion::comprobarTipo(TipoBase tipo, const QString& esquema) {
     QSqlQuery q(bd());
+    // The file named in the message is the attached one when it is checked.
+    QString nombre = nombreVisible(ruta_);
+    if (esquema != QLatin1String("main")) {
+        if (q.exec(QStringLiteral("PRAGMA database_list")))
+            while (q.next())
+                if (q.value(1).toString() == esquema)
+                    nombre = nombreVisible(q.value(2).toString());
+        q.finish();
+    }
     const QString mal =
         QStringLiteral("El archivo %1 está dañado o no es una base de datos de Quilmar.")
-            .arg(nombreVisible(ruta_));
-    if (!q.exec(QStringLiteral("PRAGMA application_id")))
+            .arg(nombre);
+    if (!q.exec(QStringLiteral("PRAGMA %1.application_id").arg(esquema)))
         fallo(q);
     if (!q.next())
         throw ErrorAlmacen(mal);
     if (q.value(0).toInt() != IdAplicacionQuilmar)
         throw ErrorAlmacen(mal);
     q.finish();
-    if (!existe(QStringLiteral("SELECT 1 FROM sqlite_master WHERE type='table' AND name=?"),
+    if (tipo != TipoBase::Cualquiera &&
+        !existe(QStringLiteral("SELECT 1 FROM %1.sqlite_master WHERE type='table' AND name=?")
+                    .arg(esquema),
                 {tablaTestigo(tipo)}))
         throw ErrorAlmacen(mal);
 }
@@ -366,6 +378,70 @@ Transaccion::~Transaccion() {
         q.exec(QStringLiteral("RELEASE ") + punto_);
     }
     --c_.nivel_;
+}
+
+// ---- BaseAdjunta --------------------------------------------------------------------------
+
+namespace {
+
+bool esWal(const QString& modo) {
+    return modo.compare(QLatin1String("wal"), Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
+BaseAdjunta::BaseAdjunta(Conexion& c, const QString& ruta, const QString& alias, TipoBase tipo)
+    : c_(c), alias_(alias) {
+    static const QRegularExpression identificador(QStringLiteral("^[A-Za-z][A-Za-z0-9_]*$"));
+    if (!identificador.match(alias).hasMatch() || c.enTransaccion())
+        throw ErrorAlmacen(QStringLiteral("No se puede abrir la base de datos %1 junto a %2.")
+                               .arg(nombreVisible(ruta), nombreVisible(c.ruta())));
+    // ATTACH would make an empty file of a missing one.
+    if (!QFile::exists(ruta))
+        throw ErrorAlmacen(QStringLiteral("No se encuentra la base de datos %1.")
+                               .arg(QDir::toNativeSeparators(ruta)));
+    c.ejecutar(QStringLiteral("ATTACH DATABASE ? AS ") + alias, {ruta});
+    try {
+        c.comprobarTipo(tipo, alias);
+        modoPrincipal_ = c.escalar(QStringLiteral("PRAGMA main.journal_mode")).toString();
+        modoAdjunta_ = c.escalar(QStringLiteral("PRAGMA %1.journal_mode").arg(alias)).toString();
+        sincroniaPrincipal_ = c.escalar(QStringLiteral("PRAGMA main.synchronous")).toString();
+        for (const QString& esquema : {QStringLiteral("main"), alias}) {
+            const QString modo = esquema == alias ? modoAdjunta_ : modoPrincipal_;
+            if (esWal(modo) &&
+                esWal(c.escalar(QStringLiteral("PRAGMA %1.journal_mode=DELETE").arg(esquema))
+                          .toString()))
+                lanzarFallo(ruta, SQLITE_BUSY, QStringLiteral("journal_mode stays WAL"));
+            c.ejecutar(QStringLiteral("PRAGMA %1.synchronous=FULL").arg(esquema));
+        }
+    } catch (...) {
+        restaurar();
+        throw;
+    }
+}
+
+BaseAdjunta::~BaseAdjunta() {
+    restaurar();
+}
+
+void BaseAdjunta::restaurar() noexcept {
+    // Statements kept for the alias would outlive its tables.
+    const QString prefijo = alias_ + QLatin1Char('.');
+    for (auto it = c_.preparadas_->begin(); it != c_.preparadas_->end();) {
+        it.value().finish();
+        if (it.key().contains(prefijo))
+            it = c_.preparadas_->erase(it);
+        else
+            ++it;
+    }
+    QSqlQuery q(c_.bd());
+    if (esWal(modoAdjunta_))
+        q.exec(QStringLiteral("PRAGMA %1.journal_mode=WAL").arg(alias_));
+    q.exec(QStringLiteral("DETACH DATABASE ") + alias_);
+    if (esWal(modoPrincipal_))
+        q.exec(QStringLiteral("PRAGMA main.journal_mode=WAL"));
+    if (!sincroniaPrincipal_.isEmpty())
+        q.exec(QStringLiteral("PRAGMA main.synchronous=") + sincroniaPrincipal_);
 }
 
 // ---- Lector ------------------------------------------------------------------------------

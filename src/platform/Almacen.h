@@ -48,7 +48,8 @@ public:
 
 private:
     friend class Transaccion;
-    void comprobarTipo(TipoBase tipo);
+    friend class BaseAdjunta;
+    void comprobarTipo(TipoBase tipo, const QString& esquema = QStringLiteral("main"));
     void ponerDiario(ModoDiario modo);
     [[noreturn]] void fallo(const QSqlQuery& q) const;
 
@@ -105,6 +106,32 @@ private:
     Conexion& c_;
     QString punto_;
     bool hecha_ = false;
+};
+
+// A second database file written in the same transactions as the connection's own: ATTACHed
+// under an alias (its tables are "alias.Diario", ...) for the life of this object, which must
+// outlive every transaction that uses it. Meanwhile both files keep a rollback journal, since only
+// then does SQLite commit several files as one: with WAL each file commits on its own, and a crash
+// between the two would leave one written and the other not. Their journal modes come back at the
+// end. The switch needs both files to this connection alone: another connection open on either
+// is reported as the database being in use.
+class BaseAdjunta {
+public:
+    BaseAdjunta(Conexion& c, const QString& ruta, const QString& alias,
+                TipoBase tipo = TipoBase::Cualquiera);
+    ~BaseAdjunta();
+    BaseAdjunta(const BaseAdjunta&) = delete;
+    BaseAdjunta& operator=(const BaseAdjunta&) = delete;
+    const QString& alias() const { return alias_; }
+
+private:
+    void restaurar() noexcept;
+
+    Conexion& c_;
+    QString alias_;
+    QString modoPrincipal_;
+    QString modoAdjunta_;
+    QString sincroniaPrincipal_;
 };
 
 // Why a plain file of the installation (a fixed-record list, PLoc.dat) could not be written, by

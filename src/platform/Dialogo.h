@@ -14,6 +14,9 @@ public:
     virtual void Informar(const QString& texto) = 0;
     // A yes/no question; No is the default answer.
     virtual bool Preguntar(const QString& texto) = 0;
+    // A yes/no question whose default answer is Yes: the confirmation of a step that is not
+    // destructive. Where defaults mean nothing (scripts, the command line) it is Preguntar.
+    virtual bool PreguntarSi(const QString& texto) { return Preguntar(texto); }
     // Asks for a line of text; an empty result means cancelled.
     virtual QString PedirTexto(const QString& texto, const QString& defecto) = 0;
 };

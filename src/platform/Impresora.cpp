@@ -169,6 +169,12 @@ void Impresora::Linea(double x1, double y1, double x2, double y2) {
     dibujarLinea(x1, y1, x2, y2);
 }
 
+void Impresora::Figura(const QRectF& rectangulo, const DibujoFigura& dibujo) {
+    dibujarFigura(rectangulo, dibujo);
+}
+
+void Impresora::dibujarFigura(const QRectF&, const DibujoFigura&) {}
+
 void Impresora::NuevaPagina() {
     alNuevaPagina();
     ++pagina_n_;

@@ -30,6 +30,7 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QRawFont>
+#include <QRectF>
 #include <QSizeF>
 #include <QString>
 #include <QStringList>
@@ -52,6 +53,8 @@ double AnchoTextoImpresion(const QString& texto, const QString& fuente, double p
 // Font names for a font box: the installed families plus "Arial", "Arial Narrow" and
 // "Courier New", sorted.
 QStringList FuentesImpresion();
+
+class QPainter;
 
 class Impresora {
 public:
@@ -99,6 +102,10 @@ public:
 
     // A straight line; the pen does not move.
     void Linea(double x1, double y1, double x2, double y2);
+    // A picture the caller paints itself (a chart) into a rectangle of the page, in twips; the
+    // painter is scaled to twips. The pen does not move.
+    using DibujoFigura = std::function<void(QPainter&, const QRectF&)>;
+    void Figura(const QRectF& rectangulo, const DibujoFigura& dibujo);
 
     // Ends the page: the next drawing goes on a new one. The pen goes to (left edge, 0).
     void NuevaPagina();
@@ -116,6 +123,8 @@ protected:
     virtual void dibujarTexto(double x, double y, const QString& texto, double ancho,
                               bool seguido) = 0;
     virtual void dibujarLinea(double x1, double y1, double x2, double y2) = 0;
+    // A surface without a painter draws no pictures.
+    virtual void dibujarFigura(const QRectF& rectangulo, const DibujoFigura& dibujo);
     virtual void alNuevaPagina() = 0;
     virtual void alFinDocumento() = 0;
     // Distance from the top of a line to the baseline of its text, in the current font.

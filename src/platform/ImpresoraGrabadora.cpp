@@ -33,6 +33,15 @@ void ImpresoraGrabadora::dibujarLinea(double x1, double y1, double x2, double y2
     trazos_ << t;
 }
 
+void ImpresoraGrabadora::dibujarFigura(const QRectF& rectangulo, const DibujoFigura&) {
+    Trazo t = nuevo(Trazo::Figura);
+    t.x = rectangulo.left();
+    t.y = rectangulo.top();
+    t.x2 = rectangulo.right();
+    t.y2 = rectangulo.bottom();
+    trazos_ << t;
+}
+
 void ImpresoraGrabadora::alNuevaPagina() {
     trazos_ << nuevo(Trazo::NuevaPagina);
 }
@@ -67,7 +76,8 @@ QStringList ImpresoraGrabadora::textosDePagina(int pagina, int documento) const 
 int ImpresoraGrabadora::paginas(int documento) const {
     int n = 0;
     for (const Trazo& t : trazos_)
-        if ((t.tipo == Trazo::Texto || t.tipo == Trazo::Linea) && t.documento == documento)
+        if ((t.tipo == Trazo::Texto || t.tipo == Trazo::Linea || t.tipo == Trazo::Figura) &&
+            t.documento == documento)
             n = qMax(n, t.pagina);
     return n;
 }
@@ -98,6 +108,13 @@ QString ImpresoraGrabadora::volcado() const {
         case Trazo::Linea:
             r +=
                 QStringLiteral("linea (%1, %2) - (%3, %4)\n").arg(t.x).arg(t.y).arg(t.x2).arg(t.y2);
+            break;
+        case Trazo::Figura:
+            r += QStringLiteral("figura (%1, %2) - (%3, %4)\n")
+                     .arg(t.x)
+                     .arg(t.y)
+                     .arg(t.x2)
+                     .arg(t.y2);
             break;
         case Trazo::NuevaPagina:
             r += QStringLiteral("nueva página\n");

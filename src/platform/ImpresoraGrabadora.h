@@ -17,12 +17,12 @@
 
 // One call kept by the recording surface.
 struct Trazo {
-    enum Tipo { Texto, Linea, NuevaPagina, FinDocumento };
+    enum Tipo { Texto, Linea, NuevaPagina, FinDocumento, Figura };
     Tipo tipo = Texto;
     int documento = 1;     // from 1
     int pagina = 1;        // from 1 in each document: the page the call was made on
     double x = 0, y = 0;   // text: the pen where it was written (Y is the top of the line)
-    double x2 = 0, y2 = 0; // line: the other end
+    double x2 = 0, y2 = 0; // line: the other end; picture: its bottom right corner
     double ancho = 0;      // text: its width
     QString texto;
     QString fuente;
@@ -53,6 +53,7 @@ protected:
     void dibujarTexto(double x, double y, const QString& texto, double ancho,
                       bool seguido) override;
     void dibujarLinea(double x1, double y1, double x2, double y2) override;
+    void dibujarFigura(const QRectF& rectangulo, const DibujoFigura& dibujo) override;
     void alNuevaPagina() override;
     void alFinDocumento() override;
 

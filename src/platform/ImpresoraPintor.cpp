@@ -82,6 +82,13 @@ void ImpresoraPintor::dibujarLinea(double x1, double y1, double x2, double y2) {
     p.drawLine(QPointF(x1, y1), QPointF(x2, y2));
 }
 
+void ImpresoraPintor::dibujarFigura(const QRectF& rectangulo, const DibujoFigura& dibujo) {
+    QPainter& p = pintor();
+    p.save();
+    dibujo(p, rectangulo);
+    p.restore();
+}
+
 void ImpresoraPintor::alNuevaPagina() {
     ++paginasPendientes_;
 }

@@ -34,6 +34,7 @@ protected:
     void dibujarTexto(double x, double y, const QString& texto, double ancho,
                       bool seguido) override;
     void dibujarLinea(double x1, double y1, double x2, double y2) override;
+    void dibujarFigura(const QRectF& rectangulo, const DibujoFigura& dibujo) override;
     void alNuevaPagina() override;
     void alFinDocumento() override;
 

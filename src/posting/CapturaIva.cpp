@@ -1,7 +1,9 @@
 #include "posting/CapturaIva.h"
 
 #include "platform/Dialogo.h"
+#include "platform/Errores.h"
 #include "posting/TrabajoIva.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"
@@ -140,7 +142,26 @@ bool CapturaIva::Aceptar() {
         d_.Informar(QStringLiteral("Debe constar el importe de la Base."));
         return false;
     }
-    const double b = ValorImporte(Base);
+    const std::optional<double> base = LeerImporte(Base);
+    if (!base) {
+        d_.Informar(MsgImporteNoValido(Base));
+        return false;
+    }
+    std::optional<double> retencion = 0.0;
+    if (RetencionVisible() && !Retencion.trimmed().isEmpty())
+        retencion = LeerImporte(Retencion);
+    if (!retencion) {
+        d_.Informar(MsgImporteNoValido(Retencion));
+        return false;
+    }
+    QString factura;
+    try {
+        factura = TextoCampo(Campo::NFactura, Factura);
+    } catch (const Rechazo& e) {
+        d_.Informar(e.mensaje());
+        return false;
+    }
+    const double b = *base;
     const double p = ValorImporte(Porcentaje);
     const double q = ValorImporte(Cuota);
     // A difference of exactly 0.1 passes: the float noise of the product is taken away first.
@@ -154,7 +175,7 @@ bool CapturaIva::Aceptar() {
     trabajo_.IvaIdIVA[i] = std::floor(DiaSerie(QDateTime::currentDateTime()) * 1e6);
     trabajo_.IvaContra[i] = CuentaContra;
     trabajo_.IvaCuenta[i] = CuentaIVA;
-    trabajo_.IvaFactura[i] = Factura;
+    trabajo_.IvaFactura[i] = factura;
     trabajo_.IvaBase[i] = static_cast<float>(b);
     trabajo_.IvaPorcentaje[i] = static_cast<float>(p);
     trabajo_.IvaCuota[i] = static_cast<float>(q);
@@ -162,9 +183,7 @@ bool CapturaIva::Aceptar() {
     trabajo_.IvaLIVA[i] = LibroIva;
     trabajo_.IvaL347[i] = Modelo347;
     trabajo_.IvaTipOp[i] = TipoOperacion;
-    trabajo_.IvaRetencion[i] = RetencionVisible() && !Retencion.trimmed().isEmpty()
-                                   ? static_cast<float>(ValorImporte(Retencion))
-                                   : 0.0f;
+    trabajo_.IvaRetencion[i] = static_cast<float>(*retencion);
     aceptado_ = true;
     return true;
 }

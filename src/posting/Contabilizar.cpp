@@ -1,9 +1,11 @@
 #include "posting/Contabilizar.h"
 
+#include "journal/Casaciones.h"
 #include "journal/Escritor.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
 #include "posting/EstadoTablero.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"
@@ -12,6 +14,9 @@
 #include <QDateTime>
 #include <cmath>
 
+const QString MsgCumplimentar =
+    QStringLiteral("Debe cumplimentar los campos de Fecha, Concepto e Importe.");
+const QString MsgImporteErroneo = QStringLiteral("El importe introducido es erróneo.");
 const QString MsgDescuadre = QStringLiteral("El asiento está descuadrado. La suma de las partidas "
                                             "del Debe tienen que ser iguales a las del Haber.");
 
@@ -109,6 +114,36 @@ bool PrepararCapturaIva(CapturaIva& c, const Sesion& s, Dialogo& d, const QStrin
 Contabilizar::Contabilizar(Sesion& s, Dialogo& d, EstadoTablero& tablero)
     : s_(s), d_(d), tablero_(tablero) {
     AplicarOrigen(Estado.Origen);
+    Rejilla.validarCelda = [this](int fila, int col, QString& texto) {
+        return ValidarCelda(fila, col, texto);
+    };
+}
+
+bool Contabilizar::ValidarCelda(int fila, int col, QString& texto) {
+    if (col == ColF4::Debe || col == ColF4::Haber) {
+        // A line's other cell stays empty; the last row's amount goes to the amount field, so
+        // there an empty cell is no amount.
+        if (texto.trimmed().isEmpty() && fila != Rejilla.ultima())
+            return true;
+        bool numero = false;
+        ValorImporte(texto, &numero);
+        const std::optional<double> v = LeerImporte(texto);
+        if (!v) {
+            d_.Informar(numero ? MsgImporteNoValido(texto) : MsgImporteErroneo);
+            return false;
+        }
+        texto = fmt(*v);
+        return true;
+    }
+    if (col == ColF4::Documento) {
+        try {
+            texto = TextoCampo(Campo::Documento, texto);
+        } catch (const Rechazo& e) {
+            d_.Informar(e.mensaje());
+            return false;
+        }
+    }
+    return true;
 }
 
 void Contabilizar::AplicarOrigen(const QString& origen) {
@@ -147,9 +182,25 @@ void Contabilizar::MarcarInicioCasacion(int fila) {
 
 ResultadoAceptar Contabilizar::Aceptar(const CamposForm4& campos) {
     ResultadoAceptar r;
-    const double importe = ValorImporte(campos.Importe);
-    if (campos.Concepto.trimmed().isEmpty() || campos.Fecha.trimmed().isEmpty() || importe == 0) {
-        d_.Informar(QStringLiteral("Debe cumplimentar los campos de Fecha, Concepto e Importe."));
+    // Rounded to the cent first: an amount that rounds to nothing is no amount.
+    const std::optional<double> leido = LeerImporte(campos.Importe);
+    const double importe = leido.value_or(0.0);
+    if (campos.Concepto.trimmed().isEmpty() || campos.Fecha.trimmed().isEmpty() ||
+        campos.Importe.trimmed().isEmpty() || (leido && importe == 0)) {
+        d_.Informar(MsgCumplimentar);
+        return r;
+    }
+    if (!leido) {
+        d_.Informar(MsgImporteNoValido(campos.Importe));
+        r.foco = CampoForm4::Importe;
+        return r;
+    }
+    try {
+        TextoCampo(Campo::Concepto, campos.Concepto.left(TamanoCampo(Campo::Concepto)));
+        TextoCampo(Campo::Documento, campos.Documento);
+    } catch (const Rechazo& e) {
+        d_.Informar(e.mensaje());
+        r.foco = TieneControles(campos.Concepto) ? CampoForm4::Concepto : CampoForm4::Documento;
         return r;
     }
     // The date routine tells the user what is wrong with the text.
@@ -290,7 +341,6 @@ ResultadoAceptar Contabilizar::Publicar(const QString& sector) {
         return r;
     }
 
-    const double ahora = DiaSerie(QDateTime::currentDateTime());
     QList<Apunte> apuntes;
     for (int f = 1; f <= Rejilla.ultima(); ++f) {
         Apunte a;
@@ -301,10 +351,8 @@ ResultadoAceptar Contabilizar::Publicar(const QString& sector) {
         a.Documento = Rejilla.celda(f, ColF4::Documento);
         a.Sector = sector.trimmed();
         const QString marca = Rejilla.celda(f, ColF4::Casacion).trimmed();
-        if (!marca.isEmpty()) {
+        if (!marca.isEmpty())
             a.CasacionN = marca.toInt();
-            a.CasacionH = ahora;
-        }
         // Only rows up to the last accepted one keep their VAT data.
         if (f <= Estado.UltimaFilaIVA && Iva.tieneDatos(f))
             a.Iva = Iva.datos(f);
@@ -312,7 +360,17 @@ ResultadoAceptar Contabilizar::Publicar(const QString& sector) {
     }
     try {
         Conexion c = AbrirDatos(s_);
+        Transaccion t(c);
+        // Each line marked as a start opens a group of its own: keys drawn under the write lock.
+        double clave = 0;
+        for (int f = 1; f <= Rejilla.ultima(); ++f) {
+            if (Rejilla.celda(f, ColF4::Casacion).trimmed().isEmpty())
+                continue;
+            clave = clave == 0 ? NuevaClaveCasacion(c) : RedondearClave(clave + 1e-10);
+            apuntes[f - 1].CasacionH = clave;
+        }
         r.numero = EscribirAsiento(c, s_, fecha, apuntes);
+        t.confirmar();
     } catch (const ErrorQuilmar& e) {
         Iva.vaciar();
         d_.Informar(e.mensaje());

@@ -95,6 +95,9 @@ bool PrepararCapturaIva(CapturaIva& c, const Sesion& s, Dialogo& d, const QStrin
                         const std::function<double(double)>& aproxima);
 
 extern const QString MsgDescuadre;
+extern const QString
+    MsgCumplimentar; // "Debe cumplimentar los campos de Fecha, Concepto e Importe."
+extern const QString MsgImporteErroneo; // "El importe introducido es erróneo."
 
 class Contabilizar {
 public:
@@ -129,6 +132,11 @@ public:
 
     // The columns the user may edit, by origin.
     void AplicarOrigen(const QString& origen);
+    // A cell edited by hand: an amount the books take (rewritten in "standard"; an empty cell is
+    // 0, except in the last row, whose amount goes to the amount field), a document of its
+    // field's size. A refusal is told ("El importe introducido es erróneo." for what is no
+    // number) and the cell keeps what it held.
+    bool ValidarCelda(int fila, int col, QString& texto);
 
     // The reconciliation mark of a line: the start of a match.
     void MarcarInicioCasacion(int fila);

@@ -4,6 +4,8 @@
 #include "journal/EjercicioAbierto.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
+#include "platform/Errores.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"
@@ -193,7 +195,7 @@ bool GestionAsientos::IntroNumero() {
     bool ok = false;
     const long nas = texto.toLong(&ok);
     bool existe = false;
-    if (ok && nas > 0) {
+    if (ok && nas >= 0) {
         Conexion c = AbrirDatos(s_);
         existe = c.existe(QStringLiteral("SELECT 1 FROM Diario WHERE NAs = ?"),
                           {static_cast<qlonglong>(nas)});
@@ -375,7 +377,22 @@ ResultadoF7 GestionAsientos::Pulsar() {
             r.foco = ResultadoF7::Foco::Area;
             return r;
         }
-        const double debe = ValorImporte(Debe), haber = ValorImporte(Haber);
+        // Each amount rounded to the cent as it will be written; an empty field is 0.
+        const std::optional<double> leidoDebe = Debe.trimmed().isEmpty() ? 0.0 : LeerImporte(Debe);
+        const std::optional<double> leidoHaber =
+            Haber.trimmed().isEmpty() ? 0.0 : LeerImporte(Haber);
+        if (!leidoDebe || !leidoHaber) {
+            d_.Informar(MsgImporteNoValido(!leidoDebe ? Debe : Haber));
+            return r;
+        }
+        try {
+            TextoCampo(Campo::Concepto, Concepto.left(TamanoCampo(Campo::Concepto)));
+            TextoCampo(Campo::Documento, Documento);
+        } catch (const Rechazo& e) {
+            d_.Informar(e.mensaje());
+            return r;
+        }
+        const double debe = *leidoDebe, haber = *leidoHaber;
         if (debe == 0 && haber == 0) {
             d_.Informar(
                 QStringLiteral("Tiene que introducir el importe, bien en el DEBE o en el HABER."));
@@ -387,6 +404,8 @@ ResultadoF7 GestionAsientos::Pulsar() {
             return r;
         }
         // The selected row is the one replaced; its VAT key and reconciliation marks stay.
+        Debe = importe(debe);
+        Haber = importe(haber);
         if (Caption == CaptionModificar && FilaSeleccionada >= 1 &&
             FilaSeleccionada <= Rejilla.ultima())
             camposAFila(FilaSeleccionada);
@@ -437,7 +456,8 @@ ResultadoF7 GestionAsientos::Pulsar() {
     try {
         Conexion c = AbrirDatos(s_);
         r.numero =
-            ReescribirAsiento(c, s_, EsNuevo ? 0 : NumeroAsiento, fecha, apuntes(), ClaseAsiento);
+            ReescribirAsiento(c, s_, EsNuevo ? std::nullopt : std::optional<long>(NumeroAsiento),
+                              fecha, apuntes(), ClaseAsiento);
     } catch (const ErrorQuilmar& e) {
         Iva.vaciar();
         d_.Informar(e.mensaje());
@@ -531,7 +551,7 @@ QList<Apunte> GestionAsientos::apuntes() const {
 }
 
 bool GestionAsientos::EliminarAsiento() {
-    if (EsNuevo || NumeroAsiento <= 0)
+    if (EsNuevo || NumeroAsiento < 0)
         return false;
     if (!EjercicioAbierto(s_, d_))
         return false;
@@ -661,12 +681,12 @@ int CambiarFechaAsiento(Conexion& c, Dialogo& d, long nas, const QDate& fecha,
     return filas;
 }
 
-long ReescribirAsiento(Conexion& c, Sesion& s, long nas, const QDate& fecha,
+long ReescribirAsiento(Conexion& c, Sesion& s, std::optional<long> nas, const QDate& fecha,
                        const QList<Apunte>& lineas, const QString& clase) {
     const float antes = s.UltimoAsiento;
     try {
         Transaccion t(c);
-        if (nas > 0 && !ElimAsiento(c, s, nas))
+        if (nas && !ElimAsiento(c, s, *nas))
             throw Rechazo(QStringLiteral("No se pudo hacer la modificación."));
         OpcionesEscritura o;
         o.numero = nas;

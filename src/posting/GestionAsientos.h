@@ -15,6 +15,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <optional>
 
 class Conexion;
 class Dialogo;
@@ -229,9 +230,9 @@ int CambiarFechaAsiento(Conexion& c, Dialogo& d, long nas, const QDate& fecha,
                         const QString& sector);
 
 // An entry written anew: the old one deleted and the new lines written under the same number
-// (nas > 0), or a new entry under the next number (nas == 0), all in one transaction, so that a
-// failure leaves the old entry as it was. Lines are written when their amount is not zero,
-// debit lines first. Returns the number; throws ErrorQuilmar (Rechazo "No se pudo hacer la
+// (nas given, 0 included), or a new entry under the next number (no nas), all in one transaction,
+// so that a failure leaves the old entry as it was. Lines are written when their amount is not
+// zero, debit lines first. Returns the number; throws ErrorQuilmar (Rechazo "No se pudo hacer la
 // modificación." when the old entry is gone). The session's UltimoAsiento is restored on failure.
-long ReescribirAsiento(Conexion& c, Sesion& s, long nas, const QDate& fecha,
+long ReescribirAsiento(Conexion& c, Sesion& s, std::optional<long> nas, const QDate& fecha,
                        const QList<Apunte>& lineas, const QString& clase = {});

@@ -2,7 +2,9 @@
 
 #include "journal/Escritor.h"
 #include "platform/Almacen.h"
+#include "posting/ComprobarAsiento.h"
 #include "posting/Contabilizar.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 #include "store/Rutinas.h"
@@ -65,7 +67,7 @@ const char* const NombresColumnas[NCol] = {"NAs",  "NAp",   "Fecha",     "NCuent
 
 class Importador {
 public:
-    Importador(Sesion& s, Conexion& c) : s_(s), c_(c) {
+    Importador(Sesion& s, Conexion& c) : s_(s), c_(c), comprobar_(c) {
         QSqlQuery q = c_.ejecutar(QStringLiteral("SELECT NCuenta FROM Cuentas"));
         while (q.next())
             cuentas_.insert(q.value(0).toString().trimmed());
@@ -87,14 +89,32 @@ public:
                 fallo(1, QStringLiteral("la columna '%1' no es ninguna de las que se pueden "
                                         "importar (NAs;NAp;Fecha;NCuenta;Concepto;Debe;Haber;"
                                         "Documento;Sector).")
-                             .arg(n));
+                             .arg(SinControles(n)));
+            if (pos_[col] >= 0)
+                fallo(1, QStringLiteral("la columna %1 está repetida.")
+                             .arg(QLatin1String(NombresColumnas[col])));
             pos_[col] = i;
         }
+        columnas_ = static_cast<int>(campos.size());
         for (int k : {CNAs, CFecha, CNCuenta, CConcepto, CDebe, CHaber})
             if (pos_[k] < 0)
                 fallo(
                     1,
                     QStringLiteral("falta la columna %1.").arg(QLatin1String(NombresColumnas[k])));
+    }
+
+    // What every data line must be before its fields are read: no more fields than the header
+    // has columns (a field more is a column nobody named; fields left out at the end are
+    // empty), none with a control character.
+    void forma(const QStringList& campos, int numero) const {
+        if (campos.size() > columnas_)
+            fallo(numero,
+                  QStringLiteral("la línea tiene %1 campos y la cabecera sólo nombra %2 columnas.")
+                      .arg(campos.size())
+                      .arg(columnas_));
+        for (int k = 0; k < NCol; ++k)
+            if (pos_[k] >= 0 && pos_[k] < campos.size() && TieneControles(campos.at(pos_[k])))
+                fallo(numero, MsgControles(etiqueta(k)));
     }
 
     QString nas(const QStringList& campos, int numero) const {
@@ -133,9 +153,20 @@ public:
         l.ncuenta = campo(CNCuenta);
         if (!cuentas_.contains(l.ncuenta))
             fallo(numero, QStringLiteral("No existe la subcuenta %1.").arg(l.ncuenta));
-        l.concepto = campo(CConcepto);
-        l.documento = campo(CDocumento);
-        l.sector = campo(CSector);
+        try {
+            // The checks of an entry given on the command line, field by field.
+            l.concepto = ComprobarAsiento::Concepto(campo(CConcepto));
+            l.documento = ComprobarAsiento::Documento(campo(CDocumento));
+            const QString sector = campo(CSector);
+            // Consecutive lines mostly share their sector too.
+            if (sector != ultimoTextoSector_) {
+                ultimoSector_ = comprobar_.Sector(sector);
+                ultimoTextoSector_ = sector;
+            }
+            l.sector = ultimoSector_;
+        } catch (const Rechazo& r) {
+            fallo(numero, r.mensaje());
+        }
         l.debe = importe(campo(CDebe), numero);
         l.haber = importe(campo(CHaber), numero);
     }
@@ -153,12 +184,19 @@ public:
         }
         if (Centimos(debe) != Centimos(haber))
             fallo(primera, MsgDescuadre);
+        // Every amount is already rounded to the cent: an entry without one would write nothing
+        // under a number of its own.
+        if (debe == 0 && haber == 0)
+            fallo(primera, MsgAsientoSinImportes);
         if (pos_[CNAp] >= 0)
             std::stable_sort(
                 lineas.begin(), lineas.end(),
                 [](const LineaFichero& a, const LineaFichero& b) { return a.nap < b.nap; });
         apuntes_.clear();
+        escritos_ = 0;
         for (const LineaFichero& l : lineas) {
+            // A line with both amounts writes a debit line and a credit line; one with none, none.
+            escritos_ += (l.debe > 0 ? 1 : 0) + (l.haber > 0 ? 1 : 0);
             Apunte a;
             a.NCuenta = l.ncuenta;
             a.Concepto = l.concepto;
@@ -170,7 +208,7 @@ public:
         }
         try {
             // The write lock is held since the start, so each number follows the last one.
-            opciones_.numero = ultimo_ > 0 ? ultimo_ + 1 : 0;
+            opciones_.numero = ultimo_ > 0 ? std::optional<long>(ultimo_ + 1) : std::nullopt;
             ultimo_ = EscribirAsiento(c_, s_, lineas.first().fecha, apuntes_, opciones_);
             return ultimo_;
         } catch (const Rechazo& r) {
@@ -180,17 +218,19 @@ public:
 
     void terminar() { SumarMayor(c_, mayor_); }
 
+    // Journal lines the last entry posted wrote.
+    long escritos() const { return escritos_; }
+
 private:
+    static QString etiqueta(int columna) { return QLatin1String(NombresColumnas[columna]); }
+
     static double importe(const QString& texto, int numero) {
-        if (texto.isEmpty())
-            return 0;
-        bool ok = false;
-        // Plain "1234.56" is the common case; anything else goes through the amount routine.
-        double v = texto.toDouble(&ok);
-        if (!ok)
-            v = ValorImporte(texto, &ok);
-        if (!ok)
-            fallo(numero, QStringLiteral("el importe '%1' no es un número.").arg(texto));
+        double v = 0;
+        try {
+            v = ComprobarAsiento::Importe(texto);
+        } catch (const Rechazo& r) {
+            fallo(numero, r.mensaje());
+        }
         if (v < 0)
             fallo(numero, QStringLiteral("el importe '%1' es negativo: póngalo en la otra columna.")
                               .arg(texto));
@@ -199,10 +239,14 @@ private:
 
     Sesion& s_;
     Conexion& c_;
+    const ComprobarAsiento comprobar_;
     QSet<QString> cuentas_;
     mutable QString ultimoTextoFecha_;
     mutable QDate ultimaFecha_;
+    mutable QString ultimoTextoSector_, ultimoSector_;
     int pos_[NCol];
+    int columnas_ = 0;
+    long escritos_ = 0;
     QList<Apunte> apuntes_;
     long ultimo_ = 0;
     QHash<QString, std::pair<double, double>> mayor_;
@@ -247,7 +291,7 @@ ResultadoImportacion ImportarAsientos(Sesion& s, const QString& ruta,
             r.primero = n;
         r.ultimo = n;
         ++r.asientos;
-        r.lineas += entrada.size();
+        r.lineas += imp.escritos();
         entrada.clear();
         if (progreso && r.asientos % 1000 == 0)
             progreso(r.asientos, f.pos(), total);
@@ -278,6 +322,7 @@ ResultadoImportacion ImportarAsientos(Sesion& s, const QString& ruta,
         if (nas != nasActual)
             cerrar();
         nasActual = nas;
+        imp.forma(campos, numero);
         LineaFichero l;
         imp.leer(campos, numero, l);
         entrada << l;

@@ -11,7 +11,7 @@ struct Sesion;
 
 struct ResultadoImportacion {
     long asientos = 0;
-    long lineas = 0;
+    long lineas = 0;  // journal lines written
     long primero = 0; // first and last entry numbers given
     long ultimo = 0;
 };
@@ -19,8 +19,12 @@ struct ResultadoImportacion {
 // Entries posted so far, and bytes of the file read out of its size.
 using ProgresoImportacion = std::function<void(long asientos, qint64 leido, qint64 total)>;
 
-// Throws Rechazo with "Línea N: " and the reason at the first bad line (unknown subaccount, date
-// outside the exercise, unbalanced entry, closed exercise, a field that can't be read); nothing
-// is written then. Progress is reported every thousand entries and at the end.
+// Throws Rechazo with "Línea N: " and the reason at the first bad line; nothing is written then.
+// A line passes the checks of an entry given on the command line (ComprobarAsiento.h: a
+// description, texts within their fields and without control characters, a sector of the list,
+// amounts the books take), and besides: a known subaccount, a date in the exercise, no field
+// beyond the header's columns; an entry must balance and have some amount that is not 0,00; the
+// exercise must be open. Progress is reported every thousand entries and at the end. `lineas`
+// counts the journal lines written.
 ResultadoImportacion ImportarAsientos(Sesion& s, const QString& ruta,
                                       const ProgresoImportacion& progreso = {});

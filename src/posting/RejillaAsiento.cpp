@@ -123,7 +123,10 @@ bool RejillaAsiento::setData(const QModelIndex& indice, const QVariant& valor, i
     if (!indice.isValid() || rol != Qt::EditRole)
         return false;
     const int fila = indice.row() + 1;
-    fijar(fila, indice.column(), valor.toString());
+    QString texto = valor.toString();
+    if (validarCelda && !validarCelda(fila, indice.column(), texto))
+        return false;
+    fijar(fila, indice.column(), texto);
     Q_EMIT celdaEditada(fila, indice.column());
     return true;
 }

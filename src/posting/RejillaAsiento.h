@@ -7,6 +7,7 @@
 #include <QList>
 #include <QSet>
 #include <QStringList>
+#include <functional>
 
 // Columns of the posting grid.
 namespace ColF4 {
@@ -76,6 +77,9 @@ public:
     // Which columns the user may edit.
     void setColumnasEditables(const QSet<int>& columnas);
     const QSet<int>& columnasEditables() const { return editables_; }
+    // Decides on a cell edited in the view (grid row, column, the text, which it may rewrite);
+    // false keeps what the cell held. Unset, every edit is taken as typed.
+    std::function<bool(int fila, int col, QString& texto)> validarCelda;
 
     // The model for the view: view row r is grid row r + 1.
     int rowCount(const QModelIndex& padre = {}) const override;

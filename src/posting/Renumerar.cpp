@@ -24,11 +24,15 @@ float maximo(Conexion& c) {
     return m.isNull() ? 0.0f : static_cast<float>(m.toDouble());
 }
 
-// A positive whole number typed in a field of digits.
+// A whole number typed in a field of digits: only what is not one is refused, so an entry can be
+// moved to number 0.
 std::optional<long> entero(const QString& texto) {
-    bool ok = false;
-    const long n = texto.trimmed().toLong(&ok);
-    if (!ok || n <= 0)
+    const QString t = texto.trimmed();
+    bool ok = !t.isEmpty();
+    for (const QChar c : t)
+        ok = ok && c.isDigit();
+    const long n = ok ? t.toLong(&ok) : 0;
+    if (!ok)
         return std::nullopt;
     return n;
 }

@@ -84,9 +84,20 @@ void DibujarMayor(Impresora& imp, const Rejilla& r, const SeleccionMayor& sel,
     dis.sumas = false;
     QList<double> sinSumas;
     ImpresionLibro p(imp, dis, op, sinSumas);
+    auto cabecera = [&](const QString& texto) {
+        p.CabeceraSiToca();
+        imp.PonerNegrita(true);
+        imp.PonerX(p.L());
+        imp.EscribirSeguido(texto);
+        imp.PonerNegrita(false);
+        p.FinFila();
+    };
     p.Empezar();
+    QString subcuenta; // the head of the subaccount whose lines are being printed
     for (int f = 0; f < r.Filas(); ++f) {
         const CabeceraMayor cabeza = TipoCabeceraMayor(r, f);
+        if (cabeza == CabeceraMayor::Subcuenta)
+            subcuenta = r.Celda(f, 0);
         if (cabeza != CabeceraMayor::Ninguna) {
             // A subaccount's block starts at its first head: the account's, when it has one.
             const bool bloqueSubcuenta =
@@ -96,13 +107,15 @@ void DibujarMayor(Impresora& imp, const Rejilla& r, const SeleccionMayor& sel,
                 ((cabeza == CabeceraMayor::Cuenta && op.nuevaPaginaCuenta) ||
                  (bloqueSubcuenta && op.nuevaPaginaSubcuenta)))
                 p.FinDePagina();
-            p.CabeceraSiToca();
-            imp.PonerNegrita(true);
-            imp.PonerX(p.L());
-            imp.EscribirSeguido(r.Celda(f, 0));
-            imp.PonerNegrita(false);
-            p.FinFila();
+            cabecera(r.Celda(f, 0));
+        } else if (r.Celda(f, ColMovFecha).isEmpty()) {
+            // The blank rows that close a subaccount's block.
+            subcuenta.clear();
+            FilaImporte(p, r, f);
         } else {
+            // A page that starts inside a subaccount says again whose lines it carries.
+            if (p.PaginaPendiente() && !subcuenta.isEmpty())
+                cabecera(subcuenta);
             FilaImporte(p, r, f);
         }
         p.FinDePaginaSiToca();

@@ -4,7 +4,7 @@
 // balance, page end at H - 2200, and at the foot of the last page the lines "Periodo" and
 // "Acumulado" at H - 1985) and the whole ledger (Form55 with Form85: heads in bold from the left
 // edge, no sums at all, page end at H - 1600 and the page number at H - 1200, a new page at each
-// account or subaccount when asked).
+// account or subaccount when asked; a page that starts inside a subaccount repeats its head).
 //
 // Usage:
 //     DibujarMovimientos(imp, rejilla, totales, seleccion, opciones);  // one copy

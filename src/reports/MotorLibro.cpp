@@ -130,7 +130,7 @@ void ImpresionLibro::CabeceraSiToca() {
         if (arrastrar) {
             p.PonerY(p.Y() + 200);
             p.PonerX(XSumas);
-            p.EscribirSeguido(QStringLiteral("Sumas anteriores . . ."));
+            p.EscribirSeguido(diseno_.palabrasAnteriores);
             escribirSumas(sumas_);
             p.PonerY(p.Y() + 200);
         }
@@ -211,7 +211,7 @@ void ImpresionLibro::FinDePagina() {
                 p.Linea(c.x - (c.ancho > 400 ? c.ancho - HolguraCorte : 1200), p.Y(), c.x, p.Y());
         p.PonerY(p.Y() + 150);
         p.PonerX(XSumas);
-        p.EscribirSeguido(QStringLiteral("Suma y sigue . . ."));
+        p.EscribirSeguido(diseno_.palabrasSigue);
         escribirSumas(sumas_);
     } else {
         p.PonerY(H() - diseno_.totales);
@@ -241,6 +241,13 @@ void ImpresionLibro::Terminar(const QList<LineaCierre>& cierre) {
         const QList<LineaCierre> lineas =
             cierre.isEmpty() ? QList<LineaCierre>{{diseno_.palabrasTotales, sumas_}} : cierre;
         for (const LineaCierre& l : lineas) {
+            if (l.nota) {
+                p.PonerNegrita(false);
+                p.PonerX(margen_.L);
+                p.Escribir(l.palabras);
+                p.PonerNegrita(true);
+                continue;
+            }
             p.PonerX(XSumas);
             p.EscribirSeguido(l.palabras);
             escribirSumas(l.sumas);

@@ -56,6 +56,8 @@ struct ColumnaLibro {
 struct LineaCierre {
     QString palabras;
     QList<double> sumas; // by sum index, like the running sums
+    // A note in plain type from the left edge, without figures (the day cash's last words).
+    bool nota = false;
 };
 
 struct DisenoLibro {
@@ -70,6 +72,9 @@ struct DisenoLibro {
     std::optional<double> regla = 1985; // T2: short rules of the foot at H - T2; none: no rules
     double totales = 1835;              // T3: the foot's first line at H - T3
     QString palabrasTotales = QStringLiteral("Totales . . . . . . . . . . . .");
+    // The words of the carried sums at the top of a page and at its end.
+    QString palabrasAnteriores = QStringLiteral("Sumas anteriores . . .");
+    QString palabrasSigue = QStringLiteral("Suma y sigue . . .");
     // Carried sums ("Sumas anteriores . . ." at the top of each page after the first,
     // "Suma y sigue . . ." at each page end) and totals. False: pages end with the page number
     // alone at H - T3 (the whole ledger).

@@ -5,6 +5,7 @@
 #include "store/Rutinas.h"
 
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -109,16 +110,34 @@ double MilimetrosATwips(double mm) {
     return std::floor(mm * TwipsPorMm);
 }
 
+ResultadoOpciones LeerSumasIniciales(const QString& sumaDebe, const QString& sumaHaber,
+                                     double& debe, double& haber) {
+    const bool hayDebe = !sumaDebe.trimmed().isEmpty();
+    const bool hayHaber = !sumaHaber.trimmed().isEmpty();
+    if (hayDebe != hayHaber)
+        return ResultadoOpciones::SumasIncompletas;
+    const std::optional<double> d = hayDebe ? LeerImporte(sumaDebe) : 0.0;
+    const std::optional<double> h = hayHaber ? LeerImporte(sumaHaber) : 0.0;
+    if (!d || !h)
+        return ResultadoOpciones::ImporteNoValido;
+    debe = *d;
+    haber = *h;
+    return ResultadoOpciones::Aceptado;
+}
+
+QString MsgSumaNoValida(const QString& sumaDebe, const QString& sumaHaber) {
+    const bool debeMalo = !sumaDebe.trimmed().isEmpty() && !LeerImporte(sumaDebe);
+    return MsgImporteNoValido(debeMalo ? sumaDebe : sumaHaber);
+}
+
 ResultadoOpciones AceptarOpciones(const ConfigOpciones& config, CajasOpciones& cajas,
                                   Ajustes& ajustes, OpcionesLibro& op, bool guardar) {
     op.cancelado = true;
     if (config.sumasIniciales) {
-        const bool hayDebe = !cajas.sumaDebe.trimmed().isEmpty();
-        const bool hayHaber = !cajas.sumaHaber.trimmed().isEmpty();
-        if (hayDebe != hayHaber)
-            return ResultadoOpciones::SumasIncompletas;
-        op.sumaDebe = hayDebe ? ValorImporte(cajas.sumaDebe) : 0.0;
-        op.sumaHaber = hayHaber ? ValorImporte(cajas.sumaHaber) : 0.0;
+        const ResultadoOpciones r =
+            LeerSumasIniciales(cajas.sumaDebe, cajas.sumaHaber, op.sumaDebe, op.sumaHaber);
+        if (r != ResultadoOpciones::Aceptado)
+            return r;
     }
 
     QString margen = cajas.margen.trimmed();

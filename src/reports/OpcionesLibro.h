@@ -108,7 +108,17 @@ enum class ResultadoOpciones {
     // Form77: one initial sum typed and the other empty. The user has been told
     // MsgSumasIniciales; the journal window closes.
     SumasIncompletas,
+    // Form77: an initial sum that is not an amount the books take; MsgSumaNoValida tells which.
+    // The form stays open.
+    ImporteNoValido,
 };
+
+// The initial sums of the journal as their boxes give them: both empty are 0 and 0; one without
+// the other is SumasIncompletas; each must be an amount the books take, rounded to the cent.
+ResultadoOpciones LeerSumasIniciales(const QString& sumaDebe, const QString& sumaHaber,
+                                     double& debe, double& haber);
+// The message of ImporteNoValido: that of the first box that is not an amount.
+QString MsgSumaNoValida(const QString& sumaDebe, const QString& sumaHaber);
 
 inline const QString MsgSumasIniciales =
     QStringLiteral("Si los valores iniciales del Debe o Haber son distintos de cero, deben tener "

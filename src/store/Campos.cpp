@@ -25,7 +25,7 @@ constexpr DatosCampo Tabla[] = {
     {Campo::Domicilio, "Domicilio", 40},
     {Campo::NumeroCalle, "Nº", 10},
     {Campo::Municipio, "Municipio", 30},
-    {Campo::CPostal, "Código Postal", 5},
+    {Campo::CPostal, "Código Postal", 10},
     {Campo::Provincia, "Provincia", 30},
     {Campo::Pais, "País", 30},
     {Campo::Telefono, "Teléfono", 15},
@@ -40,7 +40,10 @@ constexpr DatosCampo Tabla[] = {
     {Campo::NombreElemento, "Nombre del elemento", 50},
     {Campo::Proveedor, "Fra / Proveedor", 50},
     {Campo::Localizacion, "Localización", 30},
+    {Campo::Ciudad, "Ciudad", 30},
+    {Campo::CPostalEmpresa, "Código Postal", 5},
     {Campo::Remesa, "Remesa", 20},
+    {Campo::TextoAviso, "Texto del Aviso", 255},
 };
 
 const DatosCampo& datos(Campo campo) {
@@ -65,8 +68,9 @@ QString EtiquetaCampo(Campo campo) {
 }
 
 bool TieneControles(const QString& texto) {
-    for (const char32_t c : texto.toUcs4())
-        if (esControl(c))
+    // Every control character lies in the first plane: the halves of a surrogate pair never are.
+    for (const QChar c : texto)
+        if (esControl(c.unicode()))
             return true;
     return false;
 }
@@ -80,11 +84,15 @@ QString SinControles(const QString& texto) {
     return r;
 }
 
+QString MsgControles(const QString& etiqueta) {
+    return QStringLiteral(
+               "El campo %1 no admite tabuladores, saltos de línea ni otros caracteres de control.")
+        .arg(etiqueta);
+}
+
 QString TextoCampo(Campo campo, const QString& texto) {
     if (TieneControles(texto))
-        throw Rechazo(QStringLiteral("El campo %1 no admite tabuladores, saltos de línea ni otros "
-                                     "caracteres de control.")
-                          .arg(EtiquetaCampo(campo)));
+        throw Rechazo(MsgControles(EtiquetaCampo(campo)));
     const QString t = texto.trimmed();
     if (t.size() > TamanoCampo(campo))
         throw Rechazo(QStringLiteral("El campo %1 no puede tener más de %2 caracteres.")

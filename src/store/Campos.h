@@ -19,8 +19,8 @@ enum class Campo {
     NIF,             // CliPro.NIF, Empresa.NIF
     Domicilio,       // CliPro.Domicilio, Empresa.Domicilio
     NumeroCalle,     // Empresa.Nº
-    Municipio,       // CliPro.Municipio, Empresa.Ciudad
-    CPostal,         // CliPro.CPostal, Empresa.CPostal
+    Municipio,       // CliPro.Municipio
+    CPostal,         // CliPro.CPostal (a foreign customer's code may be longer than five)
     Provincia,       // CliPro.Provincia, Empresa.Provincia
     Pais,            // CliPro.Pais
     Telefono,        // CliPro.Tfn1, Tfn2
@@ -35,7 +35,10 @@ enum class Campo {
     NombreElemento,  // Inventario.Nombre
     Proveedor,       // Inventario.Proveedor (invoice and supplier)
     Localizacion,    // Centros.Localizacion
+    Ciudad,          // Empresa.Ciudad
+    CPostalEmpresa,  // Empresa.CPostal: five digits
     Remesa,          // Vencimientos.Remesa
+    TextoAviso,      // Avisos.Texto
 };
 
 // Most characters the field holds.
@@ -48,6 +51,9 @@ QString EtiquetaCampo(Campo campo);
 bool TieneControles(const QString& texto);
 // The text without its control characters: what a paste into a screen's box leaves.
 QString SinControles(const QString& texto);
+
+// "El campo <etiqueta> no admite tabuladores, saltos de línea ni otros caracteres de control."
+QString MsgControles(const QString& etiqueta);
 
 // The text as stored, trimmed, after refusing (Rechazo) a control character or a text longer than
 // the field, with the field's name in the message:

@@ -3,6 +3,7 @@
 #include "platform/Ajustes.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
+#include "store/Campos.h"
 #include "store/CargarEmp.h"
 #include "store/Conexiones.h"
 #include "store/Esquema.h"
@@ -37,6 +38,17 @@ void copiarTablas(Conexion& destino, const QString& origen, const QStringList& t
     destino.ejecutar(QStringLiteral("DETACH DATABASE origen"));
 }
 
+// The texts of the company as the screens limit them.
+void comprobarTextos(const DatosNuevaEmpresa& d) {
+    TextoCampo(Campo::NombreEmpresa, d.Nombre);
+    TextoCampo(Campo::NIF, d.NIF);
+    TextoCampo(Campo::Domicilio, d.Domicilio);
+    TextoCampo(Campo::NumeroCalle, d.Numero);
+    TextoCampo(Campo::Ciudad, d.Ciudad);
+    TextoCampo(Campo::CPostalEmpresa, d.CPostal);
+    TextoCampo(Campo::Provincia, d.Provincia);
+}
+
 void comprobar(const Sesion& s, const DatosNuevaEmpresa& d, bool reservadoPermitido) {
     static const QRegularExpression tresCifras(QStringLiteral("^\\d{3}$"));
     if (!tresCifras.match(d.Codigo).hasMatch())
@@ -45,6 +57,7 @@ void comprobar(const Sesion& s, const DatosNuevaEmpresa& d, bool reservadoPermit
         throw Rechazo(MsgCodigoReservado);
     if (d.Nombre.trimmed().isEmpty())
         throw Rechazo(QStringLiteral("Debe introducir el nombre de la Empresa."));
+    comprobarTextos(d);
     if (!d.FechaIni.isValid())
         throw Rechazo(QStringLiteral("La fecha introducida no es una fecha válida."));
     for (const QString& c : CarpetasEmpresa(s.DataPath))
@@ -185,6 +198,7 @@ DatosNuevaEmpresa LeerDatosEmpresa(const Sesion& s) {
 void GuardarDatosEmpresa(Sesion& s, const DatosNuevaEmpresa& d) {
     if (d.Nombre.trimmed().isEmpty())
         throw Rechazo(QStringLiteral("Debe introducir el nombre de la Empresa."));
+    comprobarTextos(d);
     if (!d.FechaIni.isValid())
         throw Rechazo(QStringLiteral("La fecha introducida no es una fecha válida."));
     Conexion c = AbrirDatos(s);

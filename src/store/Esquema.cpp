@@ -38,6 +38,7 @@ CREATE INDEX IxDiarioNAs ON Diario(NAs, NAp);
 CREATE INDEX IxDiarioFecha ON Diario(Fecha);
 CREATE INDEX IxDiarioCuenta ON Diario(NCuenta, Fecha, Debe, Haber);
 CREATE INDEX IxDiarioIdIVA ON Diario(IdIVA) WHERE IdIVA <> 0;
+CREATE INDEX IxDiarioCasacion ON Diario(CasacionH) WHERE CasacionH <> 0;
 CREATE TABLE Mayor (
   NCuenta TEXT NOT NULL COLLATE NOCASE,
   SaldoD REAL NOT NULL DEFAULT 0,

@@ -1,5 +1,6 @@
 #include "store/Formato.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -45,24 +46,37 @@ double Redondear(double valor, int decimales) {
     if (!std::isfinite(valor) || valor == 0 || decimales < 0 || decimales > 15)
         return valor + 0.0;
     char texto[40];
-    char* const fin =
-        std::to_chars(texto, texto + sizeof texto - 1, valor, std::chars_format::scientific, 14)
-            .ptr;
-    *fin = '\0';
-    const char* p = texto;
-    const bool negativo = *p == '-';
-    if (negativo)
-        ++p;
     char cifras[24];
-    int n = 0;
-    for (; p < fin && *p != 'e'; ++p)
-        if (*p != '.')
-            cifras[n++] = *p;
-    const int exponente = std::atoi(p + 1);
+    int n = 0, exponente = 0;
+    bool negativo = false;
+    // The significant digits of the value and its decimal exponent, to `precision` + 1 digits.
+    auto leer = [&](int precision) {
+        char* const fin = std::to_chars(texto, texto + sizeof texto - 1, valor,
+                                        std::chars_format::scientific, precision)
+                              .ptr;
+        *fin = '\0';
+        const char* p = texto;
+        negativo = *p == '-';
+        if (negativo)
+            ++p;
+        n = 0;
+        for (; p < fin && *p != 'e'; ++p)
+            if (*p != '.')
+                cifras[n++] = *p;
+        exponente = std::atoi(p + 1);
+    };
+    leer(14);
     // How many of the significant digits stand before the rounding point.
-    const int enteras = exponente + decimales + 1;
+    int enteras = exponente + decimales + 1;
     if (enteras > 17)
         return valor; // far beyond any amount: there is nothing to round at that scale
+    // A sum of many amounts (a subaccount's total, a book's) can pass a million million, where
+    // fifteen digits no longer reach the cents; a double still holds them up to some 7 x 10^13,
+    // so it is read to one digit past the rounding point (seventeen digits at most).
+    if (enteras >= 15) {
+        leer(std::min(enteras, 16));
+        enteras = exponente + decimales + 1;
+    }
     qint64 unidades = 0;
     for (int i = 0; i < enteras; ++i)
         unidades = unidades * 10 + (i < n ? cifras[i] - '0' : 0);

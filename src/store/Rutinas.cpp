@@ -1,6 +1,7 @@
 #include "store/Rutinas.h"
 
 #include "platform/Dialogo.h"
+#include "platform/Errores.h"
 #include "store/Formato.h"
 
 #include <QLocale>
@@ -160,6 +161,17 @@ std::optional<double> LeerImporte(const QString& texto) {
     if (!ok || !ImporteAdmitido(v))
         return std::nullopt;
     return Centimos(v);
+}
+
+double ImporteDeTexto(const QString& texto) {
+    const std::optional<double> v = LeerImporte(texto);
+    if (!v)
+        throw Rechazo(MsgImporteNoValido(texto));
+    return *v;
+}
+
+QString MsgValorNoValido(double valor) {
+    return MsgImporteNoValido(QString::number(valor, 'g', 15));
 }
 
 QString ANumero(const QString& texto) {

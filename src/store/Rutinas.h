@@ -48,6 +48,10 @@ QString MsgImporteNoValido(const QString& texto);
 std::optional<double> LeerImporte(const QString& texto);
 // True for a finite value whose cents lie within ImporteMaximo.
 bool ImporteAdmitido(double valor);
+// LeerImporte for a path that stops at a bad amount: Rechazo with MsgImporteNoValido.
+double ImporteDeTexto(const QString& texto);
+// MsgImporteNoValido for a value already read (a computed amount, or one a caller let through).
+QString MsgValorNoValido(double valor);
 
 // Day numbers count days from 30 December 1899, the fraction being the time of day.
 double DiaSerie(const QDateTime& momento);

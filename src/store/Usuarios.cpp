@@ -2,6 +2,7 @@
 
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Sesion.h"
 
@@ -136,8 +137,13 @@ QString ComprobarNuevaClave(const QString& nombre, const QString& clave, const Q
     const QString n = nombreLimpio(nombre);
     if (n.isEmpty() || n.size() > LongitudMaximaUsuario)
         return MsgFaltaNombreUsuario;
+    if (TieneControles(nombre))
+        return MsgControles(EtiquetaCampo(Campo::Usuario));
     if (clave.size() < LongitudMinimaClave)
         return MsgClaveCorta;
+    // A password the login screen could not type would lock its user out.
+    if (TieneControles(clave) || TieneControles(repetir))
+        return MsgControles(QStringLiteral("Contraseña"));
     if (repetir.isEmpty())
         return MsgFaltaRepetir;
     if (clave != repetir)

@@ -31,7 +31,9 @@ QString Causa(const QFileDevice& f) {
     }
 }
 
-void Escribir(const QString& ruta, const QByteArray& contenido) {
+} // namespace
+
+void EscribirFicheroHacienda(const QString& ruta, const QByteArray& contenido) {
     QFile f(ruta);
     if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
         f.write(contenido) != contenido.size() || !f.flush()) {
@@ -42,6 +44,8 @@ void Escribir(const QString& ruta, const QByteArray& contenido) {
                                .arg(QDir::toNativeSeparators(ruta), causa));
     }
 }
+
+namespace {
 
 // Runs the validator on the file and waits for it. False when it is not there or cannot start.
 bool Validar(const QString& validador, const QString& fichero) {
@@ -60,12 +64,12 @@ bool Validar(const QString& validador, const QString& fichero) {
 
 } // namespace
 
-QByteArray CodificarImporte(const std::optional<double>& valor, int entero) {
+QByteArray CodificarImporte(const std::optional<double>& valor, int entero, Precision precision) {
     static const QByteArray Vacio("00000000000000000");
     static const QByteArray Relleno("0000000000000");
     if (!valor)
         return Vacio.left(entero + 2);
-    const double v = ASimple(Centimos(*valor));
+    const double v = precision == Precision::Simple ? ASimple(Centimos(*valor)) : Centimos(*valor);
     const double absoluto = std::fabs(v);
     const double parteEntera = std::floor(absoluto);
     const QByteArray cifras = QByteArray::number(static_cast<qint64>(parteEntera));
@@ -99,8 +103,9 @@ RegistroHacienda& RegistroHacienda::Blancos(int ancho) {
     return *this;
 }
 
-RegistroHacienda& RegistroHacienda::Importe(const std::optional<double>& valor, int entero) {
-    bytes_ += CodificarImporte(valor, entero);
+RegistroHacienda& RegistroHacienda::Importe(const std::optional<double>& valor, int entero,
+                                            Precision precision) {
+    bytes_ += CodificarImporte(valor, entero, precision);
     return *this;
 }
 
@@ -136,7 +141,7 @@ ResultadoEntrega EntregarFichero(const Sesion& s, const EntregaHacienda& e,
     if (QFile::exists(errores) && !QFile::remove(errores))
         throw ErrorQuilmar(QStringLiteral("No se pudo borrar el archivo %1.")
                                .arg(QDir::toNativeSeparators(errores)));
-    Escribir(generado, contenido);
+    EscribirFicheroHacienda(generado, contenido);
 
     const bool validado = Validar(carpeta.filePath(NombreValidador), generado);
     if (!validado)
@@ -152,6 +157,11 @@ ResultadoEntrega EntregarFichero(const Sesion& s, const EntregaHacienda& e,
     if (validado && !e.copiaTrasValidador)
         return ResultadoEntrega::Validado;
 
+    return CopiarParaEnvio(generado, e, d, elegir);
+}
+
+ResultadoEntrega CopiarParaEnvio(const QString& generado, const EntregaHacienda& e, Dialogo& d,
+                                 const ElegirCarpeta& elegir) {
     const QString copia = NombreCopia(e);
     d.Informar(QStringLiteral("Se va a generar el archivo %1 para que posteriormente lo pueda "
                               "enviar por internet. Por favor seleccione la carpeta donde desea "

@@ -26,8 +26,11 @@ struct Sesion;
 // first rounded to cents and then held in single precision, so amounts over 2^24 lose cents.
 // The zero padding comes from a text of thirteen zeros: with entero = 15 a positive amount
 // below 10 (0 included) comes out one character short, a property of the layout the
-// validator expects. A whole part longer than the field is never cut.
-QByteArray CodificarImporte(const std::optional<double>& valor, int entero);
+// validator expects. A whole part longer than the field is never cut. The quarterly returns hold
+// the amount in single precision; the Modelo 347 keeps it in double precision, cents and all.
+enum class Precision { Simple, Doble };
+QByteArray CodificarImporte(const std::optional<double>& valor, int entero,
+                            Precision precision = Precision::Simple);
 
 // A fixed-position record written by appending pieces, as the validator reads it: every piece
 // lands right after the previous one, so a short amount moves what follows.
@@ -40,7 +43,8 @@ public:
     // Blanks.
     RegistroHacienda& Blancos(int ancho);
     // An amount of CodificarImporte.
-    RegistroHacienda& Importe(const std::optional<double>& valor, int entero);
+    RegistroHacienda& Importe(const std::optional<double>& valor, int entero,
+                              Precision precision = Precision::Simple);
     // A percentage: CodificarImporte with three whole digits.
     RegistroHacienda& Porcentaje(const std::optional<double>& valor);
     // The line's end, CR LF.
@@ -84,6 +88,16 @@ enum class ResultadoEntrega {
 QString RutaGenerado(const Sesion& s, const EntregaHacienda& e);
 // The copy's name: <modelo>-<NIF>.txt.
 QString NombreCopia(const EntregaHacienda& e);
+
+// Writes a file whole, replacing it; throws ErrorQuilmar telling the cause (and leaves no
+// partial file) when it cannot.
+void EscribirFicheroHacienda(const QString& ruta, const QByteArray& contenido);
+
+// The copy for the upload of a file already written: tells the user, asks for the folder,
+// copies the file there as <modelo>-<NIF>.txt and tells again. Cancelado when no folder is
+// chosen. Throws ErrorQuilmar when the folder is gone or the copy fails.
+ResultadoEntrega CopiarParaEnvio(const QString& generado, const EntregaHacienda& e, Dialogo& d,
+                                 const ElegirCarpeta& elegir);
 
 // Writes the file under the installation folder (old Gen<modelo>.txt and errores.txt deleted
 // first), runs the validator when it is there (a start that fails counts as absent, and its

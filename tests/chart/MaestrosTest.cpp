@@ -7,6 +7,7 @@
 #include "chart/TiposIva.h"
 #include "chart/VistaArea.h"
 #include "journal/Escritor.h"
+#include "store/Campos.h"
 
 namespace {
 
@@ -119,6 +120,14 @@ TEST_F(Iva, MensajesEnOrdenYUnTipoPorSubcuenta) {
     EXPECT_EQ(ultimoMensaje(),
               "Debe seleccionar la Clase de Subcuenta. Si es de IVA o de Recargo de equivalencia.");
     EXPECT_EQ(e.dialogo.informados.size(), 4);
+    // A rate is a number between 0 and 100, typed like an amount.
+    GuardarTipoIva(e.sesion, e.dialogo, "447200028", "inf", "IVA");
+    EXPECT_EQ(ultimoMensaje(), "Debe introducir el tipo de IVA o de Recargo de equivalencia.");
+    GuardarTipoIva(e.sesion, e.dialogo, "447200028", "1e308", "IVA");
+    EXPECT_EQ(ultimoMensaje(), "Debe introducir el tipo de IVA o de Recargo de equivalencia.");
+    GuardarTipoIva(e.sesion, e.dialogo, "447200028", "150", "IVA");
+    EXPECT_EQ(ultimoMensaje(), "El tipo «150» no es válido: debe ser un porcentaje entre 0 y 100.");
+    e.dialogo.informados.clear();
 
     const QString nueva = this->nueva(4, "4472", "IVA soportado 7%");
     ASSERT_TRUE(GuardarTipoIva(e.sesion, e.dialogo, nueva, "7", "IVA"));
@@ -208,6 +217,65 @@ TEST_F(Sectores, AnadirYRenombrarLlegaALasTablasDeLaEmpresa) {
     EXPECT_EQ(IdDeSector(e.sesion, "Tienda"), 0);
 }
 
+// The list compares names without case, so no two rows may share one: deleting one of two
+// "Tienda" would take the other's entries.
+TEST_F(Sectores, NombresUnicosSinDistinguirMayusculas) {
+    const qint64 tienda = IdDeSector(e.sesion, "Tienda");
+    const qint64 catering = IdDeSector(e.sesion, "Catering");
+    for (const auto& [id, nombre] :
+         {std::pair{qint64(0), "Tienda"}, std::pair{qint64(0), " TIENDA "},
+          std::pair{catering, "tienda"}}) {
+        e.dialogo.informados.clear();
+        EXPECT_FALSE(GuardarSector(e.sesion, e.dialogo, id, nombre)) << nombre;
+        EXPECT_EQ(
+            e.dialogo.informados,
+            QStringList{
+                QString("Ya existe un Sector con el nombre '%1'.").arg(QString(nombre).trimmed())});
+    }
+    EXPECT_EQ(ListaSectores(e.sesion).size(), 2);
+    // Its own name in other letters is no clash.
+    ASSERT_TRUE(GuardarSector(e.sesion, e.dialogo, tienda, "TIENDA"));
+    EXPECT_EQ(ListaSectores(e.sesion).at(0).Sector, "TIENDA");
+    // Texts of the field only: 20 characters, no control characters.
+    EXPECT_FALSE(GuardarSector(e.sesion, e.dialogo, 0, QString(21, QLatin1Char('s'))));
+    EXPECT_EQ(ultimoMensaje(), "El campo Sector no puede tener más de 20 caracteres.");
+    EXPECT_FALSE(GuardarSector(e.sesion, e.dialogo, 0, "Sur\tNorte"));
+    EXPECT_EQ(ultimoMensaje(), MsgControles("Sector"));
+    EXPECT_FALSE(GuardarSector(e.sesion, e.dialogo, catering, QString(21, QLatin1Char('s'))));
+    EXPECT_EQ(ListaSectores(e.sesion).size(), 2);
+
+    // A list made before names had to differ: deleting one twin leaves the entries to the other.
+    {
+        Conexion c = e.datos();
+        c.ejecutar("INSERT INTO Sectores (Sector) VALUES ('Tienda')");
+    }
+    asientoConSector("Tienda", true, 1);
+    const qint64 gemelo = ListaSectores(e.sesion).last().IdSector;
+    e.dialogo.responder({true});
+    EXPECT_EQ(EliminarSector(e.sesion, e.dialogo, gemelo), 0);
+    EXPECT_EQ(e.dialogo.preguntas.size(), 1) << "no word of deleting entries";
+    EXPECT_EQ(valor("SELECT COUNT(*) FROM Diario").toInt(), 3);
+    EXPECT_EQ(ListaSectores(e.sesion).size(), 2);
+}
+
+// Sectors and concepts belong to the company's lists: a closed exercise does not stop them, but
+// it keeps its entries, so a sector that has some can't go.
+TEST_F(Sectores, EjercicioCerradoNoDetieneLasListas) {
+    asientoConSector("Tienda", false, 1);
+    cerrarEjercicio();
+    EXPECT_TRUE(GuardarSector(e.sesion, e.dialogo, 0, "Almacén"));
+    EXPECT_TRUE(GuardarSector(e.sesion, e.dialogo, IdDeSector(e.sesion, "Catering"), "Cocina"));
+    e.dialogo.responder({true, true, true, true});
+    EXPECT_EQ(EliminarSector(e.sesion, e.dialogo, IdDeSector(e.sesion, "Cocina")), 0);
+    EXPECT_EQ(EliminarSector(e.sesion, e.dialogo, IdDeSector(e.sesion, "Tienda")), -1);
+    EXPECT_EQ(ultimoMensaje(), MsgEjercicioCerrado);
+    EXPECT_EQ(valor("SELECT COUNT(*) FROM Diario").toInt(), 3);
+    EXPECT_TRUE(GuardarConcepto(e.sesion, e.dialogo, "3", "Cobro en caja"));
+    e.dialogo.responder({true});
+    EXPECT_TRUE(EliminarConcepto(e.sesion, e.dialogo, 3));
+    EXPECT_TRUE(e.dialogo.informados.size() == 1) << e.dialogo.informados.join("|").toStdString();
+}
+
 TEST_F(Sectores, GuardasDeEliminarEnOrden) {
     {
         Conexion b = e.bavar();
@@ -228,7 +296,7 @@ TEST_F(Sectores, GuardasDeEliminarEnOrden) {
     for (int i = 0; i < 4; ++i) {
         e.dialogo.textos.clear();
         e.dialogo.responder({true, true, true});
-        EXPECT_EQ(EliminarSector(e.sesion, e.dialogo, "Tienda"), -1);
+        EXPECT_EQ(EliminarSector(e.sesion, e.dialogo, IdDeSector(e.sesion, "Tienda")), -1);
         EXPECT_EQ(e.dialogo.textos, QStringList{esperados.at(i)});
         if (i < 3) {
             Conexion b = e.bavar();
@@ -254,7 +322,7 @@ TEST_F(Sectores, TresConfirmacionesConNoPorDefecto) {
         e.dialogo = DialogoGuion();
         for (int k = 0; k < si; ++k)
             e.dialogo.responder({true});
-        EXPECT_EQ(EliminarSector(e.sesion, e.dialogo, "Tienda"), -1);
+        EXPECT_EQ(EliminarSector(e.sesion, e.dialogo, IdDeSector(e.sesion, "Tienda")), -1);
         EXPECT_EQ(e.dialogo.preguntas, preguntas.mid(0, si + 1));
         EXPECT_TRUE(existe("SELECT 1 FROM Diario WHERE NAs = ?", {static_cast<qlonglong>(n)}));
     }
@@ -272,7 +340,7 @@ TEST_F(Sectores, EliminarSeLlevaSusAsientosYMayorSigueCuadrado) {
     EXPECT_EQ(huerfanos(), 0);
 
     e.dialogo.responder({true, true, true});
-    EXPECT_EQ(EliminarSector(e.sesion, e.dialogo, "Tienda"), 3);
+    EXPECT_EQ(EliminarSector(e.sesion, e.dialogo, IdDeSector(e.sesion, "Tienda")), 3);
     EXPECT_TRUE(e.dialogo.informados.isEmpty()) << e.dialogo.informados.join("|").toStdString();
     Conexion c = e.datos();
     QList<qlonglong> quedan;
@@ -300,7 +368,7 @@ TEST_F(Sectores, UnFalloNoDejaNadaAMedias) {
                    "BEGIN SELECT RAISE(ABORT, 'prueba'); END");
     }
     e.dialogo.responder({true, true, true});
-    EXPECT_EQ(EliminarSector(e.sesion, e.dialogo, "Tienda"), -1);
+    EXPECT_EQ(EliminarSector(e.sesion, e.dialogo, IdDeSector(e.sesion, "Tienda")), -1);
     EXPECT_EQ(ultimoMensaje(), "No se pudo eliminar.");
     Conexion c = e.datos();
     EXPECT_EQ(c.escalar("SELECT COUNT(DISTINCT NAs) FROM Diario").toInt(), 2);
@@ -329,6 +397,12 @@ TEST_F(Conceptos, AnadirModificarYEliminar) {
 
     EXPECT_FALSE(GuardarConcepto(e.sesion, e.dialogo, "1a", "X"));
     EXPECT_FALSE(GuardarConcepto(e.sesion, e.dialogo, "13", " "));
+    // What the screen would take: 40 characters and no control character.
+    EXPECT_FALSE(GuardarConcepto(e.sesion, e.dialogo, "13", QString(500, QLatin1Char('c'))));
+    EXPECT_EQ(ultimoMensaje(),
+              "El campo Concepto predefinido no puede tener más de 40 caracteres.");
+    EXPECT_FALSE(GuardarConcepto(e.sesion, e.dialogo, "13", "Luz\r\nmarzo"));
+    EXPECT_EQ(ultimoMensaje(), MsgControles("Concepto predefinido"));
     EXPECT_EQ(ListaConceptos(e.sesion).size(), 2);
 
     e.dialogo.preguntas.clear();

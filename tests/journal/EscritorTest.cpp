@@ -4,7 +4,9 @@
 #include "posting/ComunAsientos.h"
 #include "store/Conexiones.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
 
 using namespace cuentas;
 
@@ -99,6 +101,37 @@ TEST_F(Escritor, RechazosNoDejanNadaEscrito) {
               "No existe la subcuenta 999999999.");
     EXPECT_EQ(mensaje(QDate(2025, 1, 1), {Debe(Compras, 1), Haber(Caja, 1)}),
               "La fecha introducida no pertenece al año de trabajo.");
+    // Whoever calls it, the writer keeps out what is not an amount of the books or not a text of
+    // its field: Mayor would hold Inf and NaN, and the entry could not be deleted.
+    const QString limites = " no es válido: debe ser un número entre -999.999.999.999,99 y "
+                            "999.999.999.999,99.";
+    const double inf = std::numeric_limits<double>::infinity();
+    Apunte base = iva;
+    base.Iva->Base = 1e13;
+    Apunte documento = Debe(Compras, 1);
+    documento.Documento = QString(31, QLatin1Char('x'));
+    Apunte retencion = iva;
+    retencion.Iva->Retencion = std::nan("");
+    const struct {
+        QList<Apunte> lineas;
+        QString mensaje;
+    } casos[] = {
+        {{Debe(Compras, inf), Haber(Caja, inf)}, "El importe «inf»" + limites},
+        {{Debe(Compras, 1e308), Haber(Caja, 1e308)}, "El importe «1e+308»" + limites},
+        {{Debe(Compras, 1e12), Haber(Caja, 1e12)}, "El importe «1000000000000»" + limites},
+        {{Debe(Compras, -1e12), Haber(Caja, -1e12)}, "El importe «-1000000000000»" + limites},
+        {{Debe(Compras, std::nan("")), Haber(Caja, 0)}, "El importe «nan»" + limites},
+        {{base, Debe(Compras, 100), Haber(Proveedor, 121)},
+         "El importe «10000000000000»" + limites},
+        {{retencion, Debe(Compras, 100), Haber(Proveedor, 121)}, "El importe «nan»" + limites},
+        {{Debe(Compras, 1, "Luz\x1b[31m 9.999,00"), Haber(Caja, 1)},
+         "El campo Concepto no admite tabuladores, saltos de línea ni otros caracteres de "
+         "control."},
+        {{documento, Haber(Caja, 1)}, "El campo Documento no puede tener más de 30 caracteres."},
+    };
+    for (const auto& c : casos)
+        EXPECT_EQ(mensaje(QDate(2024, 3, 1), c.lineas), c.mensaje);
+    EXPECT_EQ(e.sesion.UltimoAsiento, 0.0f);
     {
         Conexion c = e.datos();
         c.ejecutar("UPDATE Empresa SET EjCerrado = -1");

@@ -1,7 +1,9 @@
 // quilmar-cli asiento and importar, run as the real program on a temporary installation.
 
 #include "ComunAsientos.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
+#include "store/Rutinas.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -96,6 +98,25 @@ TEST_F(AsientosCli, RechazosComoLosDeLaPantalla) {
         {{"--debe", Compras + "=1", "--haber", Banco + "=1"},
          "El programa no puede determinar cual es la fecha introducida.",
          "11108"},
+        // Amounts the books can't hold, and one that rounds to nothing, naming their line.
+        {{"--debe", Compras + "=1e308", "--haber", Banco + "=1e308"},
+         "--debe " + Compras + "=1e308: " + MsgImporteNoValido("1e308")},
+        {{"--debe", Compras + "=5", "--haber", Banco + "=inf"},
+         "--haber " + Banco + "=inf: " + MsgImporteNoValido("inf")},
+        {{"--debe", Compras + "=1000000000000", "--haber", Banco + "=1000000000000"},
+         "--debe " + Compras + "=1000000000000: " + MsgImporteNoValido("1000000000000")},
+        {{"--debe", Compras + "=0,001", "--haber", Banco + "=0,001"},
+         "--debe " + Compras + "=0,001: el importe es 0,00 al redondearlo al céntimo."},
+        // Texts: within their fields, without control characters, a sector of the list.
+        {{"--debe", Caja + "=5", "--haber", Banco + "=5", "--documento",
+          QString(31, QLatin1Char('D'))},
+         "El campo Documento no puede tener más de 30 caracteres."},
+        {{"--debe", Caja + "=5", "--haber", Banco + "=5", "--documento", "A-1\x1b[2J"},
+         MsgControles("Documento")},
+        {{"--debe", Caja + "=5\t", "--haber", Banco + "=5"}, MsgControles("--debe")},
+        {{"--debe", Caja + "=5", "--haber", Banco + "=5", "--sector",
+          QString(21, QLatin1Char('S'))},
+         "El campo Sector no puede tener más de 20 caracteres."},
     };
     auto asiento = [&](const Caso& c) {
         return cli(QStringList{"asiento", "--fecha", c.fecha, "--concepto", "Prueba"} + c.args);
@@ -108,6 +129,29 @@ TEST_F(AsientosCli, RechazosComoLosDeLaPantalla) {
                     (c.fecha == "11108" && r.error.startsWith(c.mensaje)))
             << r.error.toStdString();
     }
+    for (const auto& [concepto, mensaje] :
+         {std::pair{QString("Luz\nTotal 9.999,00"), MsgControles("Concepto")},
+          std::pair{QString(41, QLatin1Char('c')),
+                    QString("El campo Concepto no puede tener más de 40 "
+                            "caracteres.")},
+          std::pair{QString("  "), QString("Debe cumplimentar los campos de Fecha, Concepto e "
+                                           "Importe.")}}) {
+        const ResultadoCli r = cli({"asiento", "--fecha", "1/3/2024", "--concepto", concepto,
+                                    "--debe", Caja + "=5", "--haber", Banco + "=5"});
+        EXPECT_EQ(r.codigo, 1);
+        EXPECT_EQ(r.error.trimmed(), mensaje);
+    }
+    const ResultadoCli factura =
+        cli({"asiento", "--fecha", "1/3/2024", "--concepto", "Compra", "--debe", Compras + "=100",
+             "--debe", IvaSop21 + "=21", "--haber", Proveedor + "=121", "--iva",
+             IvaSop21 + ":contrapartida=" + Proveedor + ",factura=F-1\r9.999,00"});
+    EXPECT_EQ(factura.error.trimmed(), MsgControles("Factura"));
+    const ResultadoCli base =
+        cli({"asiento", "--fecha", "1/3/2024", "--concepto", "Compra", "--debe", Compras + "=100",
+             "--debe", IvaSop21 + "=21", "--haber", Proveedor + "=121", "--iva",
+             IvaSop21 + ":contrapartida=" + Proveedor + ",base=1e308"});
+    EXPECT_EQ(base.error.trimmed(), MsgImporteNoValido("1e308"));
+    EXPECT_EQ(lineas(), 0);
     {
         Conexion c = e.datos();
         c.ejecutar("UPDATE Empresa SET EjCerrado = -1");
@@ -182,7 +226,7 @@ TEST_F(AsientosCli, ImportarTodoONadaConLaPrimeraLineaMala) {
          "iguales a las del Haber."},
         {l("2", "31/2/2024", Caja, "5", ""),
          "Línea 4: la fecha '31/2/2024' no es válida (dd/mm/aaaa o aaaa-mm-dd)."},
-        {l("2", "3/3/2024", Caja, "5 euros", ""), "Línea 4: el importe '5 euros' no es un número."},
+        {l("2", "3/3/2024", Caja, "5 euros", ""), "Línea 4: " + MsgImporteNoValido("5 euros")},
     };
     for (const Caso& c : casos) {
         const ResultadoCli r = importar(cabecera + bueno + c.resto);
@@ -203,6 +247,71 @@ TEST_F(AsientosCli, ImportarTodoONadaConLaPrimeraLineaMala) {
     EXPECT_EQ(r.error.trimmed(), "Línea 2: El ejercicio está cerrado. Puede invertir el cierre en "
                                  "el menú Acceso, Ejercicio.");
     EXPECT_EQ(lineas(), 0);
+}
+
+// A file's line passes the checks of the command line's entry, with its line number; an entry
+// that writes nothing is refused, and the count says what was written.
+TEST_F(AsientosCli, ImportarComprobandoComoAsiento) {
+    {
+        Conexion c = e.datos();
+        c.ejecutar("INSERT INTO Sectores (Sector) VALUES ('Tienda')");
+    }
+    const QByteArray cabecera = "NAs;Fecha;NCuenta;Concepto;Debe;Haber;Documento;Sector\n";
+    auto l = [](const char* nas, const QString& cuenta, const QByteArray& concepto, const char* d,
+                const char* h, const QByteArray& resto = ";") {
+        return QByteArray(nas) + ";3/3/2024;" + cuenta.toUtf8() + ";" + concepto + ";" + d + ";" +
+               h + ";" + resto + "\n";
+    };
+    const QByteArray bueno = l("1", Caja, "x", "5", "") + l("1", Ventas, "x", "", "5");
+    struct Caso {
+        QByteArray resto;
+        QString mensaje;
+    } casos[] = {
+        {l("2", Caja, "x", "5", "", ";Almacén") + l("2", Ventas, "x", "", "5"),
+         "Línea 4: No existe el sector Almacén."},
+        {l("2", Caja, "", "5", "") + l("2", Ventas, "x", "", "5"),
+         "Línea 4: Debe cumplimentar los campos de Fecha, Concepto e Importe."},
+        {l("2", Caja, "x", "5", "", ";;de más") + l("2", Ventas, "x", "", "5"),
+         "Línea 4: la línea tiene 9 campos y la cabecera sólo nombra 8 columnas."},
+        {l("2", Caja, QByteArray("Luz", 3) + '\0' + "marzo", "5", "") +
+             l("2", Ventas, "x", "", "5"),
+         "Línea 4: " + MsgControles("Concepto")},
+        {l("2", Caja, "x", "5", "", "\"F\t1\";") + l("2", Ventas, "x", "", "5"),
+         "Línea 4: " + MsgControles("Documento")},
+        {l("2", Caja, "x", "5\x1b", "") + l("2", Ventas, "x", "", "5"),
+         "Línea 4: " + MsgControles("Debe")},
+        {l("2", Caja, QByteArray(41, 'c'), "5", "") + l("2", Ventas, "x", "", "5"),
+         "Línea 4: El campo Concepto no puede tener más de 40 caracteres."},
+        {l("2", Caja, "x", "1e308", "") + l("2", Ventas, "x", "", "1e308"),
+         "Línea 4: " + MsgImporteNoValido("1e308")},
+        {l("2", Caja, "x", "inf", "") + l("2", Ventas, "x", "", "inf"),
+         "Línea 4: " + MsgImporteNoValido("inf")},
+        {l("2", Caja, "x", "0,001", "") + l("2", Ventas, "x", "", "0,004"),
+         "Línea 4: El asiento no tiene ningún importe: todos son 0,00 al redondearlos al "
+         "céntimo."},
+        {l("2", Caja, "x", "", "") + l("2", Ventas, "x", "", ""),
+         "Línea 4: El asiento no tiene ningún importe: todos son 0,00 al redondearlos al "
+         "céntimo."},
+    };
+    for (const Caso& c : casos) {
+        const ResultadoCli r = importar(cabecera + bueno + c.resto);
+        EXPECT_EQ(r.codigo, 1) << c.mensaje.toStdString();
+        EXPECT_EQ(r.error.trimmed(), c.mensaje);
+        EXPECT_EQ(lineas(), 0);
+    }
+    EXPECT_EQ(importar("NAs;Fecha;NCuenta;Concepto;Debe;Debe;Haber\n").error.trimmed(),
+              "Línea 1: la columna Debe está repetida.");
+
+    // The sector as the list spells it; a line of zero amounts in an entry writes nothing and is
+    // not counted; fields left out at the end are empty.
+    const ResultadoCli r = importar(cabecera + l("1", Caja, "Venta", "5", "", ";tienda") +
+                                    l("1", Banco, "Venta", "0", "0") + "1;3/3/2024;" +
+                                    Ventas.toUtf8() + ";Venta;;5\n");
+    ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
+    EXPECT_EQ(r.salida, "Importados 1 asientos (2 apuntes), del nº 1 al nº 1.\n");
+    Conexion c = e.datos();
+    EXPECT_EQ(Filas(c, "SELECT NCuenta || '|' || Sector FROM Diario ORDER BY NAp"),
+              QStringList({Caja + "|Tienda", Ventas + "|"}));
 }
 
 } // namespace

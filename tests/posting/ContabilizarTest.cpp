@@ -3,7 +3,9 @@
 
 #include "ComunAsientos.h"
 #include "posting/EstadoTablero.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
+#include "store/Rutinas.h"
 
 #include <gtest/gtest.h>
 
@@ -73,6 +75,15 @@ TEST_F(Contabilizacion, ComprobacionesEnOrdenConSusMensajesYFoco) {
          CampoForm4::Fecha},
         {campos("100", "x", "31/12/2023"), "La fecha introducida no pertenece al año de trabajo.",
          CampoForm4::Fecha},
+        // What rounds to nothing is no amount; what the books can't hold is told as such.
+        {campos("0,004"), "Debe cumplimentar los campos de Fecha, Concepto e Importe.",
+         CampoForm4::Ninguno},
+        {campos("1e308"), MsgImporteNoValido("1e308"), CampoForm4::Importe},
+        {campos("1000000000000"), MsgImporteNoValido("1000000000000"), CampoForm4::Importe},
+        {campos("12abc"), MsgImporteNoValido("12abc"), CampoForm4::Importe},
+        {campos("100", "Luz\tmarzo"), MsgControles("Concepto"), CampoForm4::Concepto},
+        {campos("100", "Luz", "15/03/2024", QString(31, QLatin1Char('7'))),
+         "El campo Documento no puede tener más de 30 caracteres.", CampoForm4::Documento},
     };
     for (const Caso& c : casos) {
         e.dialogo.informados.clear();
@@ -285,6 +296,33 @@ TEST_F(Contabilizacion, CuadreExactoSoloEnConfirmacionDePeriodicos) {
     EXPECT_TRUE(k.Rejilla.columnasEditables().isEmpty());
     cargar("100,00", "", "90,00");
     EXPECT_EQ(k.Publicar({}).tipo, Tipo::Contabilizado);
+}
+
+// A periodic entry's cells are edited by hand: each must hold an amount the books take, and a
+// refused edit leaves the cell as it was.
+TEST_F(Contabilizacion, CeldaEditadaSoloConImportesYTextosValidos) {
+    k.AplicarOrigen("F61");
+    rejilla({Compras + "|100,00|", Banco + "||100,00"});
+    auto editar = [&](int fila, int col, const QString& texto) {
+        e.dialogo.informados.clear();
+        return k.Rejilla.setData(k.Rejilla.index(fila - 1, col), texto);
+    };
+    EXPECT_TRUE(editar(1, ColF4::Debe, "1234,5"));
+    EXPECT_EQ(k.Rejilla.celda(1, ColF4::Debe), "1.234,50");
+    for (const char* malo : {"1e308", "9999999999999", "0,001e3"}) {
+        EXPECT_FALSE(editar(2, ColF4::Haber, malo)) << malo;
+        EXPECT_EQ(e.dialogo.informados, QStringList{MsgImporteNoValido(malo)});
+    }
+    EXPECT_FALSE(editar(2, ColF4::Haber, "mil"));
+    EXPECT_EQ(e.dialogo.informados, QStringList{MsgImporteErroneo});
+    EXPECT_EQ(k.Rejilla.celda(2, ColF4::Haber), "100,00");
+    EXPECT_FALSE(editar(2, ColF4::Documento, "F-1\nTotal 9.999,00"));
+    EXPECT_EQ(e.dialogo.informados, QStringList{MsgControles("Documento")});
+    EXPECT_TRUE(editar(2, ColF4::Documento, " F-1 "));
+    EXPECT_EQ(k.Rejilla.celda(2, ColF4::Documento), "F-1");
+    EXPECT_TRUE(editar(1, ColF4::Haber, "")) << "an emptied cell is 0";
+    EXPECT_FALSE(editar(2, ColF4::Haber, " ")) << "but the last row's amount goes to the field";
+    EXPECT_EQ(e.dialogo.informados, QStringList{MsgImporteErroneo});
 }
 
 TEST_F(Contabilizacion, FechaInicialMiraElAnoDeHoy) {

@@ -5,7 +5,10 @@
 #include "posting/GestionAsientos.h"
 #include "ComunAsientos.h"
 #include "posting/EstadoTablero.h"
+#include "posting/Renumerar.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
+#include "store/Rutinas.h"
 
 #include <QBrush>
 #include <QColor>
@@ -131,6 +134,18 @@ TEST_F(Gestion, ElegirLineasYSusAvisos) {
     EXPECT_EQ(anadir("1", Caja, "5", "5").tipo, Tipo::Aviso);
     EXPECT_EQ(e.dialogo.informados.last(),
               "El importe hay que introducirlo sólo en el DEBE o en el HABER.");
+    // An amount is rounded to the cent before it is judged, and must be one the books hold.
+    EXPECT_EQ(anadir("1", Caja, "0,004", "").tipo, Tipo::Aviso);
+    EXPECT_EQ(e.dialogo.informados.last(),
+              "Tiene que introducir el importe, bien en el DEBE o en el HABER.");
+    for (const char* malo : {"1e308", "inf", "-1000000000000"}) {
+        EXPECT_EQ(anadir("1", Caja, "", malo).tipo, Tipo::Aviso) << malo;
+        EXPECT_EQ(e.dialogo.informados.last(), MsgImporteNoValido(malo));
+    }
+    k.Documento = "A\tB";
+    EXPECT_EQ(anadir("1", Caja, "5", "").tipo, Tipo::Aviso);
+    EXPECT_EQ(e.dialogo.informados.last(), MsgControles("Documento"));
+    k.Documento.clear();
     EXPECT_EQ(k.Rejilla.ultima(), 3) << "nothing added";
     EXPECT_FALSE(k.LineasCambiadas);
 
@@ -387,6 +402,39 @@ TEST_F(Gestion, MedioCentimoCuadraAquiPeroNoEnLaConfirmacionDePeriodicos) {
     EXPECT_EQ(k.Pulsar().tipo, Tipo::Aviso);
     EXPECT_EQ(k.TextoDescuadre, "0,01");
     EXPECT_EQ(e.dialogo.informados.last(), "El asiento está descuadrado.");
+}
+
+// Number 0 is an entry's number like any other once an entry is renumbered to it: changing it
+// rewrites it in its place (not a copy under a new number beside the old lines), and it can be
+// deleted.
+TEST_F(Gestion, ElAsientoCeroSeReescribeYSeEliminaEnSuSitio) {
+    compra();
+    e.asiento(QDate(2024, 3, 5), {Debe(Caja, 5), Haber(Ventas, 5)});
+    ASSERT_TRUE(RenumerarUnAsiento(e.sesion, e.dialogo, "2", "0").hecho);
+    Conexion c = e.datos();
+
+    // Typed in the number box, as any entry is called up.
+    k.Numero = "0";
+    ASSERT_TRUE(k.IntroNumero()) << e.dialogo.informados.join("|").toStdString();
+    EXPECT_FALSE(k.EsNuevo);
+    k.SeleccionarLinea(1);
+    k.Debe = "7";
+    ASSERT_EQ(k.Pulsar().tipo, Tipo::Linea);
+    k.SeleccionarLinea(2);
+    k.Haber = "7";
+    ASSERT_EQ(k.Pulsar().tipo, Tipo::Linea);
+    const ResultadoF7 r = k.Pulsar();
+    ASSERT_EQ(r.tipo, Tipo::Guardado) << e.dialogo.informados.join("|").toStdString();
+    EXPECT_EQ(r.numero, 0);
+    EXPECT_EQ(LineasDiario(c, 0), QStringList({"1 " + Caja + " 7/0", "2 " + Ventas + " 0/7"}));
+    EXPECT_EQ(Filas(c, "SELECT DISTINCT NAs FROM Diario ORDER BY NAs"), QStringList({"0", "1"}));
+    EXPECT_TRUE(DescuadresMayor(c).isEmpty());
+
+    ASSERT_TRUE(k.VMAsiento(0));
+    e.dialogo.responder({true});
+    EXPECT_TRUE(k.EliminarAsiento());
+    EXPECT_EQ(Filas(c, "SELECT DISTINCT NAs FROM Diario ORDER BY NAs"), QStringList({"1"}));
+    EXPECT_TRUE(DescuadresMayor(c).isEmpty());
 }
 
 TEST_F(Gestion, EliminarElAsientoEnPantalla) {

@@ -3,8 +3,10 @@
 #include "ComunAsientos.h"
 #include "posting/EstadoTablero.h"
 #include "posting/TrabajoIva.h"
+#include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
+#include "store/Rutinas.h"
 
 #include <gtest/gtest.h>
 
@@ -117,6 +119,38 @@ TEST_F(Captura, FaltanContrapartidaOBaseYCasillasVacias) {
     EXPECT_TRUE(vacia.Aceptar()) << "no other check applies";
     EXPECT_EQ(ultimaFila, 0);
     EXPECT_TRUE(aceptado);
+}
+
+// The base and the withholding are amounts like any other; the invoice number, a text of its
+// field. A quota the books hold may still give a base they can't.
+TEST_F(Captura, BaseRetencionYFacturaComoEnTodosLosCaminos) {
+    struct Caso {
+        QString base, retencion, factura, mensaje;
+    } casos[] = {
+        {"1e308", "", "F-1", MsgImporteNoValido("1e308")},
+        {"4.761.904.761.904,71", "", "F-1", MsgImporteNoValido("4.761.904.761.904,71")},
+        {"100", "inf", "F-1", MsgImporteNoValido("inf")},
+        {"100", "1000000000000", "F-1", MsgImporteNoValido("1000000000000")},
+        {"100", "", "F-1\tTotal", MsgControles("Factura")},
+        {"100", "", QString(31, QLatin1Char('9')),
+         "El campo Factura no puede tener más de 30 caracteres."},
+    };
+    for (const Caso& k : casos) {
+        e.dialogo.informados.clear();
+        CapturaIva c = preparada(100, 21, 21);
+        c.Base = k.base;
+        c.Factura = k.factura;
+        c.Modelo347 = true;
+        c.TipoOperacion = "A";
+        c.Retencion = k.retencion;
+        EXPECT_FALSE(c.Aceptar()) << k.mensaje.toStdString();
+        EXPECT_EQ(e.dialogo.informados, QStringList{k.mensaje});
+        EXPECT_FALSE(aceptado);
+    }
+    CapturaIva c = preparada(100, 21, 21);
+    c.Factura = "  F-2 ";
+    ASSERT_TRUE(c.Aceptar());
+    EXPECT_EQ(trabajo.IvaFactura[3], "F-2");
 }
 
 TEST_F(Captura, AbonoVisibilidadYAreas) {

@@ -91,4 +91,27 @@ TEST_F(MantenimientoCli, EliminarYRenumerar) {
     EXPECT_TRUE(DescuadresMayor(c).isEmpty());
 }
 
+// An entry renumbered to 0 is an entry like any other: it is shown and deleted by its number,
+// while what is not a number stays refused.
+TEST_F(MantenimientoCli, ElAsientoCeroSeVeYSeElimina) {
+    ResultadoCli r = cli({"renumerar", "--asiento", "2", "--a", "0", "--si"});
+    ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
+    r = cli({"ver-asiento", "0"});
+    ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
+    const QStringList lineas = r.salida.split('\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(lineas.size(), 3);
+    EXPECT_TRUE(lineas[1].startsWith("1\t01/03/2024\t" + Caja + "\t")) << lineas[1].toStdString();
+    for (const char* malo : {"-1", "uno"}) {
+        r = cli({"ver-asiento", malo});
+        EXPECT_EQ(r.codigo, 1) << malo;
+        EXPECT_TRUE(r.error.contains("Indique un número de asiento")) << r.error.toStdString();
+    }
+    r = cli({"eliminar-asiento", "0", "--si"});
+    ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
+    EXPECT_EQ(r.salida, "Se eliminó el Asiento número 0.\n");
+    Conexion c = e.datos();
+    EXPECT_EQ(Filas(c, "SELECT DISTINCT NAs FROM Diario ORDER BY NAs"), QStringList({"1", "3"}));
+    EXPECT_TRUE(DescuadresMayor(c).isEmpty());
+}
+
 } // namespace

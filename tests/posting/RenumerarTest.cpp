@@ -159,6 +159,26 @@ TEST_F(Renumerar, UnAsientoConTodosSusMensajes) {
     EXPECT_EQ(asientos().value(0), "2:01-02:2");
 }
 
+// Only what is not a number is refused: an entry may go to number 0, and "0" as the entry to
+// move is simply not found.
+TEST_F(Renumerar, UnAsientoPuedePasarAlCero) {
+    asiento(1, QDate(2024, 1, 1), 1, true);
+    asiento(2, QDate(2024, 1, 2), 2);
+    for (const char* malo : {"-1", "+2", "2,5", "dos"}) {
+        e.dialogo.informados.clear();
+        EXPECT_FALSE(RenumerarUnAsiento(e.sesion, e.dialogo, "2", malo).hecho) << malo;
+        EXPECT_EQ(e.dialogo.informados,
+                  QStringList{"El número de asiento introducido no es válido."});
+    }
+    e.dialogo.informados.clear();
+    EXPECT_FALSE(RenumerarUnAsiento(e.sesion, e.dialogo, "0", "5").hecho);
+    EXPECT_EQ(e.dialogo.informados, QStringList{"No se encontró el asiento '0'."});
+    EXPECT_TRUE(RenumerarUnAsiento(e.sesion, e.dialogo, "1", "0").hecho);
+    EXPECT_EQ(asientos(), QStringList({"0:01-01:22", "2:01-02:2"}));
+    EXPECT_EQ(e.sesion.UltimoAsiento, 2.0f);
+    librosCiertos();
+}
+
 TEST_F(Renumerar, MensajesDeLaPantallaDeEliminar) {
     auto validar = [&](bool varios, const QString& n, const QString& d, const QString& h) {
         e.dialogo.informados.clear();

@@ -32,7 +32,7 @@ Apunte ConIva(const QString& cuenta, double cuota, double base, const QString& c
 void TresAsientos(Entorno& e) {
     e.crearEmpresa();
     e.asiento(QDate(2024, 1, 2), {Debe(Caja, 1500), Haber(Banco, 1500)});
-    Apunte compra = Debe(Compras, 1000, QStringLiteral("  Compra\tde género  "));
+    Apunte compra = Debe(Compras, 1000, QStringLiteral("  Compra de género  "));
     compra.Sector = QStringLiteral("Tienda");
     compra.Documento = QStringLiteral("F-77");
     Apunte iva = ConIva(IvaSop, 210, 1000, Proveedor, QStringLiteral("F-77"));
@@ -41,6 +41,11 @@ void TresAsientos(Entorno& e) {
     Apunte prov = Haber(Proveedor, 1210, QStringLiteral("Compra"));
     e.asiento(QDate(2024, 2, 15), {compra, iva, prov});
     e.asiento(QDate(2024, 3, 31), {Debe(Clientes, 1234567.891), Haber(Ventas, 1234567.891)});
+    // A tab stored before texts were kept free of control characters must not shift a column.
+    Conexion c = e.datos();
+    c.ejecutar("UPDATE Diario SET Concepto = replace(Concepto, ' de ', char(9) || 'de ') "
+               "WHERE NCuenta = ?",
+               {Compras});
 }
 
 Rejilla Llena(Entorno& e, const SeleccionDiario& sel) {

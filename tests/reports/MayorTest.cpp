@@ -12,6 +12,7 @@
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 
+#include <QRegularExpression>
 #include <gtest/gtest.h>
 
 using namespace cuentas;
@@ -350,6 +351,23 @@ TEST(ImpresionMayor, MayorSinSumasNumeroDePaginaYPaginaNueva) {
     EXPECT_DOUBLE_EQ(cabeza->x, 600);
     // Caja (570) fills the first page and runs on; Banco (572) follows on the same page.
     EXPECT_EQ(pagina(seguido, "Subcuenta : Banco"), pagina(seguido, "Traspaso"));
+    // A page that starts inside a subaccount says whose lines it carries, in bold at the edge:
+    // every page's first row is a head.
+    const QStringList segunda = seguido.textosDePagina(2);
+    ASSERT_GT(segunda.indexOf("SALDO"), 0);
+    EXPECT_EQ(segunda.at(segunda.indexOf("SALDO") + 1), "Subcuenta : Caja");
+    EXPECT_EQ(segunda.count("Subcuenta : Caja"), 1);
+    static const QRegularExpression esCabeza(QStringLiteral("^(Subcuenta : |\\d{3}\\. )"));
+    for (int p = 2; p <= n; ++p) {
+        const QStringList t = seguido.textosDePagina(p);
+        EXPECT_TRUE(esCabeza.match(t.value(t.indexOf("SALDO") + 1)).hasMatch())
+            << p << " " << t.value(t.indexOf("SALDO") + 1).toStdString();
+    }
+    for (const Trazo& t : seguido.textos())
+        if (t.texto == "Subcuenta : Caja") {
+            EXPECT_TRUE(t.negrita);
+            EXPECT_DOUBLE_EQ(t.x, 600);
+        }
 
     // A new page per account: each account head opens a page; Banco's subaccount head is on
     // the page of its account.
@@ -384,4 +402,10 @@ TEST(ImpresionMayor, MayorSinSumasNumeroDePaginaYPaginaNueva) {
     EXPECT_EQ(porSubcuenta.paginas(), porCuenta.paginas() + 1);
     EXPECT_EQ(pagina(porSubcuenta, "572. Bancos e instituciones de crédito c/c vista, euros"),
               propia + 1);
+    // The account's head stands once, over its first subaccount only.
+    int cabezasCuenta = 0;
+    for (int f = 0; f < r.Filas(); ++f)
+        cabezasCuenta +=
+            TipoCabeceraMayor(r, f) == CabeceraMayor::Cuenta && r.Celda(f, 0).startsWith("570.");
+    EXPECT_EQ(cabezasCuenta, 1);
 }

@@ -5,6 +5,8 @@
 #include "reports/OpcionesLibro.h"
 #include "Entorno.h"
 
+#include "store/Rutinas.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -186,6 +188,22 @@ TEST(OpcionesLibro, SumasInicialesDelDiario) {
         EXPECT_TRUE(r.cancelado);
         EXPECT_FALSE(f.ajustes->existe(V, "IzqDiario"));
     }
+    // Each sum is an amount the books take, rounded to the cent; any other keeps the form open.
+    for (const auto& [debe, haber] :
+         {std::pair{"1e308", "1"}, {"1", "inf"}, {"1000000000000", "1"}, {"1", "12abc"}}) {
+        Entorno f;
+        CajasOpciones s = Vacias();
+        s.sumaDebe = QLatin1String(debe);
+        s.sumaHaber = QLatin1String(haber);
+        EXPECT_TRUE(
+            Aceptar(f, FormOpciones::Form77, s, ResultadoOpciones::ImporteNoValido).cancelado);
+        EXPECT_EQ(MsgSumaNoValida(s.sumaDebe, s.sumaHaber),
+                  MsgImporteNoValido(QLatin1String(std::string(debe) == "1" ? haber : debe)));
+    }
+    c.sumaDebe = "0,005";
+    c.sumaHaber = "999.999.999.999,99";
+    op = Aceptar(e, FormOpciones::Form77, c);
+    EXPECT_EQ(std::pair(op.sumaDebe, op.sumaHaber), std::pair(0.01, 999999999999.99));
     // Forms without the sums ignore the boxes.
     CajasOpciones s = Vacias();
     s.sumaDebe = "100";

@@ -170,6 +170,39 @@ TEST(Importes, SoloNumerosFinitosHastaElMaximo) {
               "-999.999.999.999,99 y 999.999.999.999,99.");
 }
 
+// A subaccount's total or a book's sum passes the largest single amount. A double holds the
+// cents of any value below 2^46 (some 7 x 10^13), and they are shown as they are; added up cent
+// by cent, as Mayor keeps its totals, they stay exact below 2^44 (some 1.7 x 10^13), which is
+// seventeen times the largest amount.
+TEST(Importes, SumasMayoresQueUnImporteSiguenExactas) {
+    std::mt19937_64 azar(14);
+    for (int i = 0; i < 20000; ++i) {
+        const qint64 c = static_cast<qint64>(azar() % 7000000000000000);
+        ASSERT_EQ(Formato(static_cast<double>(c) / 100, "0.00"),
+                  QStringLiteral("%1,%2").arg(c / 100).arg(c % 100, 2, 10, QLatin1Char('0')));
+    }
+    const qint64 maximo = 99999999999999;
+    for (int i = 0; i < 20000; ++i) {
+        const int n = 2 + static_cast<int>(azar() % 16);
+        qint64 centimos = 0;
+        double suma = 0;
+        for (int k = 0; k < n; ++k) {
+            const qint64 c = static_cast<qint64>(azar() % static_cast<quint64>(maximo + 1));
+            centimos += c;
+            // As Mayor keeps it: each step rounded to the cent.
+            suma = Centimos(suma + static_cast<double>(c) / 100);
+        }
+        ASSERT_EQ(suma, static_cast<double>(centimos) / 100) << centimos;
+        ASSERT_EQ(Formato(suma, "0.00"), QStringLiteral("%1,%2")
+                                             .arg(centimos / 100)
+                                             .arg(centimos % 100, 2, 10, QLatin1Char('0')));
+    }
+    EXPECT_EQ(Formato(12345678901234.56, "standard"), "12.345.678.901.234,56");
+    EXPECT_EQ(Formato(-59999999999999.94, "standard"), "-59.999.999.999.999,94");
+    // A third decimal still rounds half away from zero at this size.
+    EXPECT_EQ(Centimos(1234567890123.675), 1234567890123.68);
+}
+
 TEST(DiasSerie, CuentanDesdeElTreintaDeDiciembreDe1899) {
     EXPECT_EQ(DiaSerie(QDate(1899, 12, 31)), 1.0);
     EXPECT_EQ(DiaSerie(QDate(2008, 1, 1)), 39448.0);

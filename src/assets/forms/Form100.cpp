@@ -6,6 +6,7 @@
 #include "platform/Errores.h"
 #include "platform/forms/Ventana.h"
 #include "store/Campos.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -27,7 +28,7 @@ Form100::Form100(const Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     fila->addWidget(new QLabel(QStringLiteral("Centro:"), this));
     Text1 = new QLineEdit(this);
     Text1->setObjectName(QStringLiteral("Text1"));
-    Text1->setMaxLength(TamanoCampo(Campo::Localizacion));
+    LimitarCampo(Text1, Campo::Localizacion);
     fila->addWidget(Text1, 1);
     raiz->addLayout(fila);
 

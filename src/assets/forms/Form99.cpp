@@ -21,6 +21,7 @@
 #include "store/Formato.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
@@ -132,13 +133,15 @@ void Form99::construir() {
     Text1->setReadOnly(true);
     Text1->setFocusPolicy(Qt::NoFocus);
     Text1->setMaximumWidth(110);
-    Text2 = campo(this, QStringLiteral("Text2"), TamanoCampo(Campo::NombreElemento));
+    Text2 = campo(this, QStringLiteral("Text2"));
+    LimitarCampo(Text2, Campo::NombreElemento);
     Combo1 = lista(this, QStringLiteral("Combo1"), NaturalezasElemento);
     Text3 = campoFecha(this, QStringLiteral("Text3"));
     Text4 = campo(this, QStringLiteral("Text4"), 20);
     Text4->setAlignment(Qt::AlignRight);
     Text4->setProperty(PropiedadImporte, true);
-    Text5 = campo(this, QStringLiteral("Text5"), TamanoCampo(Campo::Proveedor));
+    Text5 = campo(this, QStringLiteral("Text5"));
+    LimitarCampo(Text5, Campo::Proveedor);
     Combo2 = lista(this, QStringLiteral("Combo2"));
     Combo2->setToolTip(QStringLiteral("Pulse + para dar de alta un Centro"));
     Text6 = campoFecha(this, QStringLiteral("Text6"));

@@ -5,6 +5,7 @@
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
 #include "platform/forms/Ventana.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -30,6 +31,7 @@ FORM84::FORM84(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     fila->addWidget(new QLabel(QStringLiteral("Sector:"), this));
     Text1 = new QLineEdit(this);
     Text1->setObjectName(QStringLiteral("Text1"));
+    LimitarCampo(Text1, Campo::Sector);
     fila->addWidget(Text1, 1);
     raiz->addLayout(fila);
     auto* botones = new QHBoxLayout;
@@ -100,11 +102,11 @@ void FORM84::ModificarSeleccionado() {
 }
 
 void FORM84::EliminarSeleccionado() {
-    const QString nombre = CeldaSeleccionada(Grid1, 0);
-    if (nombre.isEmpty())
+    const QString id = CeldaSeleccionada(Grid1, ColId);
+    if (id.isEmpty())
         return;
     try {
-        const int n = EliminarSector(s_, d_, nombre);
+        const int n = EliminarSector(s_, d_, id.toLongLong());
         if (n < 0)
             return;
         editando_ = 0;

@@ -6,6 +6,7 @@
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
 #include "platform/forms/Ventana.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -35,6 +36,7 @@ Form35::Form35(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,9}")), Text1));
     Text2 = new QLineEdit(this);
     Text2->setObjectName(QStringLiteral("Text2"));
+    LimitarCampo(Text2, Campo::NombreConcepto);
     campos->addRow(QStringLiteral("Código:"), Text1);
     campos->addRow(QStringLiteral("Concepto:"), Text2);
     raiz->addLayout(campos);

@@ -9,6 +9,7 @@
 #include "platform/forms/Ventana.h"
 #include "store/Conexiones.h"
 #include "store/Sesion.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -114,6 +115,8 @@ void Form73::construir() {
     Text2 = campo(marcoCuenta_, QStringLiteral("Text2"));
     fc->addRow(QStringLiteral("Código:"), Text13);
     fc->addRow(QStringLiteral("Nombre:"), Text2);
+    // The names are told and cut on acceptance when too long, as they always were.
+    LimitarCampo(Text2, Campo::NombreCuenta, false);
     marcoSubcuenta_ = new QGroupBox(QStringLiteral("Subcuenta"), this);
     auto* fs = new QFormLayout(marcoSubcuenta_);
     Combo2 = new QComboBox(marcoSubcuenta_);
@@ -122,6 +125,7 @@ void Form73::construir() {
     Text1 = campo(marcoSubcuenta_, QStringLiteral("Text1"));
     fs->addRow(QStringLiteral("Cuenta:"), Combo2);
     fs->addRow(QStringLiteral("Nombre:"), Text1);
+    LimitarCampo(Text1, Campo::NombreSubcuenta, false);
     edicion->addWidget(marcoCuenta_, 2);
     edicion->addWidget(marcoSubcuenta_, 3);
     raiz->addLayout(edicion);
@@ -132,7 +136,7 @@ void Form73::construir() {
     Text3 = campo(marcoFicha_, QStringLiteral("Text3"));
     textoDomicilio_ = campo(marcoFicha_, QStringLiteral("Text4"));
     textoMunicipio_ = campo(marcoFicha_, QStringLiteral("Text5"));
-    textoCPostal_ = campo(marcoFicha_, QStringLiteral("Text6"), 10);
+    textoCPostal_ = campo(marcoFicha_, QStringLiteral("Text6"));
     Combo3 = new QComboBox(marcoFicha_);
     Combo3->setObjectName(QStringLiteral("Combo3"));
     textoTfn1_ = campo(marcoFicha_, QStringLiteral("Text7"));
@@ -141,6 +145,14 @@ void Form73::construir() {
     Combo4 = new QComboBox(marcoFicha_);
     Combo4->setObjectName(QStringLiteral("Combo4"));
     textoObservaciones_ = campo(marcoFicha_, QStringLiteral("Text10"));
+    LimitarCampo(Text3, Campo::NIF);
+    LimitarCampo(textoDomicilio_, Campo::Domicilio);
+    LimitarCampo(textoMunicipio_, Campo::Municipio);
+    LimitarCampo(textoCPostal_, Campo::CPostal);
+    LimitarCampo(textoTfn1_, Campo::Telefono);
+    LimitarCampo(textoTfn2_, Campo::Telefono);
+    LimitarCampo(textoContacto_, Campo::Contacto);
+    LimitarCampo(textoObservaciones_, Campo::Observaciones);
     auto etiqueta = [&](const char* t) {
         return new QLabel(QString::fromUtf8(t), marcoFicha_);
     };

@@ -25,14 +25,27 @@ void DialogoVentanas::Informar(const QString& texto) {
     caja.exec();
 }
 
-bool DialogoVentanas::Preguntar(const QString& texto) {
-    QMessageBox caja(QMessageBox::Question, titulo(), texto, QMessageBox::Yes | QMessageBox::No,
-                     padre());
+namespace {
+
+bool preguntar(QWidget* padre, const QString& titulo, const QString& texto,
+               QMessageBox::StandardButton defecto) {
+    QMessageBox caja(QMessageBox::Question, titulo, texto, QMessageBox::Yes | QMessageBox::No,
+                     padre);
     caja.button(QMessageBox::Yes)->setText(QStringLiteral("&Sí"));
     caja.button(QMessageBox::No)->setText(QStringLiteral("&No"));
-    caja.setDefaultButton(QMessageBox::No);
+    caja.setDefaultButton(defecto);
     caja.setEscapeButton(QMessageBox::No);
     return caja.exec() == QMessageBox::Yes;
+}
+
+} // namespace
+
+bool DialogoVentanas::Preguntar(const QString& texto) {
+    return preguntar(padre(), titulo(), texto, QMessageBox::No);
+}
+
+bool DialogoVentanas::PreguntarSi(const QString& texto) {
+    return preguntar(padre(), titulo(), texto, QMessageBox::Yes);
 }
 
 QString DialogoVentanas::PedirTexto(const QString& texto, const QString& defecto) {

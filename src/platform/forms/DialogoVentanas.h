@@ -12,6 +12,7 @@ public:
     explicit DialogoVentanas(QWidget* ventana = nullptr) : ventana_(ventana) {}
     void Informar(const QString& texto) override;
     bool Preguntar(const QString& texto) override;
+    bool PreguntarSi(const QString& texto) override;
     QString PedirTexto(const QString& texto, const QString& defecto) override;
 
 private:

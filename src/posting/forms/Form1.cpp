@@ -109,6 +109,7 @@ const EntradaMenu Menus[] = {
     {'E', "mnuMovimientos", "Movimientos de una S&ubcuenta..."},
     {'-', nullptr, nullptr},
     {'E', "mnuIngGas", "&Ingresos y Gastos..."},
+    {'E', "mnuListaIG", "&Lista de Ingresos y Gastos..."},
     {'E', "mnuIGmeses", "Ingresos y Gastos por me&ses..."},
     {'E', "mnuES", "&Comparación entre años..."},
     {'E', "mnuGráficos", "&Gráficos..."},

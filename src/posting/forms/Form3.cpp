@@ -4,6 +4,8 @@
 #include "platform/Ajustes.h"
 #include "platform/forms/Teclas.h"
 #include "platform/forms/Ventana.h"
+#include "store/Rutinas.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -51,6 +53,7 @@ Form3::Form3(CapturaIva& captura, Ajustes& ajustes, QWidget* padre)
     Label6 = valor(this);
     Label6->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     Text2 = new QLineEdit(this);
+    LimitarCampo(Text2, Campo::NFactura);
     Combo3 = new QComboBox(this);
     Combo1 = new QComboBox(this);
     Combo1->setEditable(true);
@@ -69,7 +72,9 @@ Form3::Form3(CapturaIva& captura, Ajustes& ajustes, QWidget* padre)
     Label10 = new QLabel(QStringLiteral("Importe Retención"), this);
     TDBN1 = new QLineEdit(this);
     TDBN1->setAlignment(Qt::AlignRight);
-    TDBN1->setValidator(new QDoubleValidator(0, 1e12, 2, TDBN1));
+    auto* validador = new QDoubleValidator(0, ImporteMaximo, 2, TDBN1);
+    validador->setNotation(QDoubleValidator::StandardNotation);
+    TDBN1->setValidator(validador);
     Command1 = new QPushButton(QStringLiteral("&Aceptar"), this);
     Command2 = new QPushButton(QStringLiteral("&Cancelar"), this);
     Command3 = new QPushButton(QStringLiteral("Ay&uda"), this);

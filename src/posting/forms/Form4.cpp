@@ -12,6 +12,7 @@
 #include "store/Formato.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QAction>
 #include <QApplication>
@@ -146,20 +147,22 @@ TeclaImporte FiltrarTeclaImporte(const QString& texto, bool puntoDecimal) {
 }
 
 QPixmap ImagenDeCasacion(int numero) {
-    // 1: the start of a match; 2 to 4: the states of a matched line.
-    static const QColor colores[] = {QColor(0x2e, 0x7d, 0x32), QColor(0x15, 0x65, 0xc0),
-                                     QColor(0xef, 0x6c, 0x00), QColor(0x75, 0x75, 0x75)};
+    // Image n is the mark n - 1: a circle for the start of a group and a square for a line
+    // joined to it, hollow and orange while the group is open, filled and green once balanced.
+    const int marca = std::clamp(numero, 1, 4) - 1;
+    const bool inicio = marca == 0 || marca == 2;
+    const bool casado = marca == 1 || marca == 2;
+    const QColor c = casado ? QColor(0x2e, 0x7d, 0x32) : QColor(0xef, 0x6c, 0x00);
     QPixmap px(14, 14);
     px.fill(Qt::transparent);
     QPainter p(&px);
     p.setRenderHint(QPainter::Antialiasing);
-    const QColor c = colores[std::clamp(numero, 1, 4) - 1];
     p.setPen(QPen(c, 2));
-    if (numero == 1)
-        p.setBrush(Qt::NoBrush);
+    p.setBrush(casado ? QBrush(c) : QBrush(Qt::NoBrush));
+    if (inicio)
+        p.drawEllipse(QRectF(2, 2, 10, 10));
     else
-        p.setBrush(c);
-    p.drawEllipse(QRectF(2, 2, 10, 10));
+        p.drawRect(QRectF(2.5, 2.5, 9, 9));
     return px;
 }
 
@@ -200,12 +203,13 @@ Form4::Form4(Sesion& s, Ajustes& a, Dialogo& d, EstadoTablero& tablero, QWidget*
     Combo1 = new QComboBox(this);
     Combo1->setEditable(true);
     Combo1->setInsertPolicy(QComboBox::NoInsert);
-    Combo1->lineEdit()->setMaxLength(40);
+    LimitarCampo(Combo1->lineEdit(), Campo::Concepto);
     Combo1->setMinimumWidth(300);
     TDBN1 = new QLineEdit(this);
     TDBN1->setAlignment(Qt::AlignRight);
     TDBN1->setMaximumWidth(140);
     Text2 = new QLineEdit(this);
+    LimitarCampo(Text2, Campo::Documento);
     Text2->setMaximumWidth(160);
     Combo2 = new QComboBox(this);
     Combo2->setMinimumWidth(140);
@@ -505,7 +509,7 @@ bool Form4::eventFilter(QObject* objeto, QEvent* evento) {
         if (numero) {
             const QString nombre = ConceptoDeCodigo(s_, Combo1->currentText());
             if (!nombre.isEmpty()) {
-                Combo1->setEditText(nombre.left(40));
+                Combo1->setEditText(nombre.left(TamanoCampo(Campo::Concepto)));
                 Combo1->lineEdit()->setCursorPosition(Combo1->currentText().size());
                 return true;
             }
@@ -570,15 +574,10 @@ void Form4::clicEnRejilla(const QModelIndex& indice) {
 void Form4::celdaEditada(int fila, int col) {
     if (fila != k_.Rejilla.ultima() || (col != ColF4::Debe && col != ColF4::Haber))
         return;
+    // The logic has already refused what is not an amount; an emptied cell leaves the field.
     const QString texto = k_.Rejilla.celda(fila, col).trimmed();
-    bool ok = false;
-    const double v = ValorImporte(texto, &ok);
-    if (!ok) {
-        d_.Informar(QStringLiteral("El importe introducido es erróneo."));
-        return;
-    }
-    k_.Rejilla.fijarImporte(fila, col, v);
-    TDBN1->setText(Formato(v, QStringLiteral("standard")));
+    if (!texto.isEmpty())
+        TDBN1->setText(texto);
 }
 
 void Form4::closeEvent(QCloseEvent* e) {

@@ -11,6 +11,7 @@
 #include "posting/forms/Form4.h"
 #include "store/Campos.h"
 #include "store/Sesion.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -71,7 +72,7 @@ Form63::Form63(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Combo3->setObjectName(QStringLiteral("Combo3"));
     Combo3->setEditable(true);
     Combo3->setInsertPolicy(QComboBox::NoInsert);
-    Combo3->lineEdit()->setMaxLength(TamanoCampo(Campo::Concepto));
+    LimitarCampo(Combo3->lineEdit(), Campo::Concepto);
     Combo3->setMinimumWidth(240);
     TDBN2 = new QLineEdit(this);
     TDBN2->setObjectName(QStringLiteral("TDBN2"));
@@ -83,7 +84,7 @@ Form63::Form63(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     TDBN3->setMaximumWidth(120);
     Text3 = new QLineEdit(this);
     Text3->setObjectName(QStringLiteral("Text3"));
-    Text3->setMaxLength(TamanoCampo(Campo::Documento));
+    LimitarCampo(Text3, Campo::Documento);
     Text3->setMaximumWidth(140);
     LabelSaldo = new QLabel(this);
     LabelSaldo->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);

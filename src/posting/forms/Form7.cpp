@@ -15,6 +15,7 @@
 #include "store/Formato.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QAction>
 #include <QApplication>
@@ -187,7 +188,7 @@ Form7::Form7(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Combo3->setObjectName(QStringLiteral("Combo3"));
     Combo3->setEditable(true);
     Combo3->setInsertPolicy(QComboBox::NoInsert);
-    Combo3->lineEdit()->setMaxLength(40);
+    LimitarCampo(Combo3->lineEdit(), Campo::Concepto);
     Combo3->setMinimumWidth(260);
     TDBN2 = new QLineEdit(this);
     TDBN2->setObjectName(QStringLiteral("TDBN2"));
@@ -199,6 +200,7 @@ Form7::Form7(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     TDBN3->setMaximumWidth(120);
     Text3 = new QLineEdit(this);
     Text3->setObjectName(QStringLiteral("Text3"));
+    LimitarCampo(Text3, Campo::Documento);
     Text3->setMaximumWidth(140);
     Command1 = new QPushButton(CaptionAceptar, this);
     Command1->setObjectName(QStringLiteral("Command1"));

@@ -9,6 +9,7 @@
 #include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Sesion.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -66,7 +67,7 @@ Form74::Form74(const Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Text1 = CampoNumero(this, QStringLiteral("Text1"), 3, 60);
     Text2 = new QLineEdit(this);
     Text2->setObjectName(QStringLiteral("Text2"));
-    Text2->setMaxLength(TamanoCampo(Campo::NombrePredi));
+    LimitarCampo(Text2, Campo::NombrePredi);
     Label1 = new QLabel(this);
     Label1->setObjectName(QStringLiteral("Label1"));
     QFont negrita = Label1->font();
@@ -82,7 +83,7 @@ Form74::Form74(const Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Check2->setObjectName(QStringLiteral("Check2"));
     Text3 = new QLineEdit(this);
     Text3->setObjectName(QStringLiteral("Text3"));
-    Text3->setMaxLength(TamanoCampo(Campo::ComentarioPredi));
+    LimitarCampo(Text3, Campo::ComentarioPredi);
 
     QList<std::pair<QString, QString>> subcuentas, terceros;
     QStringList sectores;
@@ -121,7 +122,7 @@ Form74::Form74(const Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
         } else {
             auto* campo = new QLineEdit(this);
             if (c == CampoPredi::Concepto)
-                campo->setMaxLength(TamanoCampo(Campo::Concepto));
+                LimitarCampo(campo, Campo::Concepto);
             w = campo;
         }
         w->setObjectName(QStringLiteral("Valor%1").arg(c));

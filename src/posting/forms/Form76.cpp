@@ -10,6 +10,7 @@
 #include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Sesion.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -96,7 +97,7 @@ Form76::Form76(const Sesion& s, Ajustes& a, Dialogo& d, TrabajoPredisenado& trab
             combo->setEditable(true);
             combo->setInsertPolicy(QComboBox::NoInsert);
             combo->addItems(conceptos);
-            combo->lineEdit()->setMaxLength(TamanoCampo(Campo::Concepto));
+            LimitarCampo(combo->lineEdit(), Campo::Concepto);
             w = combo;
             break;
         }
@@ -111,9 +112,9 @@ Form76::Form76(const Sesion& s, Ajustes& a, Dialogo& d, TrabajoPredisenado& trab
             if (c == CampoPredi::Importe || c == CampoPredi::Base)
                 campo->setAlignment(Qt::AlignRight);
             if (c == CampoPredi::Documento)
-                campo->setMaxLength(TamanoCampo(Campo::Documento));
+                LimitarCampo(campo, Campo::Documento);
             if (c == CampoPredi::Factura)
-                campo->setMaxLength(TamanoCampo(Campo::NFactura));
+                LimitarCampo(campo, Campo::NFactura);
             w = campo;
         }
         }

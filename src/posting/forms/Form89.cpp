@@ -15,6 +15,7 @@
 #include "store/Conexiones.h"
 #include "store/Formato.h"
 #include "store/Sesion.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QAction>
 #include <QApplication>
@@ -175,7 +176,7 @@ Form89::Form89(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Combo4 = combo(this, QStringLiteral("Combo4"), 260);
     Combo4->setEditable(true);
     Combo4->setInsertPolicy(QComboBox::NoInsert);
-    Combo4->lineEdit()->setMaxLength(TamanoCampo(Campo::Concepto));
+    LimitarCampo(Combo4->lineEdit(), Campo::Concepto);
     Date2 = campoFecha(this, QStringLiteral("Date2"));
     Combo5 = combo(this, QStringLiteral("Combo5"), 200);
     Combo6 = combo(this, QStringLiteral("Combo6"), 120);
@@ -184,9 +185,9 @@ Form89::Form89(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Text1->setAlignment(Qt::AlignRight);
     Text1->installEventFilter(new FiltroImporte(s.PuntoDecimal, this));
     Text2 = campo(this, QStringLiteral("Text2"), 160);
-    Text2->setMaxLength(TamanoCampo(Campo::Documento));
+    LimitarCampo(Text2, Campo::Documento);
     Text3 = campo(this, QStringLiteral("Text3"), 120);
-    Text3->setMaxLength(TamanoCampo(Campo::Remesa));
+    LimitarCampo(Text3, Campo::Remesa);
     Combo8 = combo(this, QStringLiteral("Combo8"), 140);
     Combo7 = combo(this, QStringLiteral("Combo7"), 120);
     Combo7->addItem(QString());

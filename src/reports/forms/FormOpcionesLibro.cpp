@@ -180,6 +180,10 @@ void FormOpcionesLibro::aceptar() {
         reject();
         return;
     }
+    if (r == ResultadoOpciones::ImporteNoValido) {
+        d_.Informar(MsgSumaNoValida(c.sumaDebe, c.sumaHaber));
+        return;
+    }
     Text1->setText(c.margen); // FORM52 shows the margin it raised
     opciones_ = op;
     accept();

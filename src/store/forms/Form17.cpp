@@ -9,6 +9,7 @@
 #include "store/Plantilla.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -48,18 +49,24 @@ Form17::Form17(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Text1 = campo(QStringLiteral("Text1"), 3);
     SoloCifras(Text1, 3);
     Text1->setMaximumWidth(60);
-    Text2 = campo(QStringLiteral("Text2"), 30);
-    Text3 = campo(QStringLiteral("Text3"), 15);
-    Text4 = campo(QStringLiteral("Text4"), 40);
-    Text5 = campo(QStringLiteral("Text5"), 10);
+    Text2 = campo(QStringLiteral("Text2"));
+    LimitarCampo(Text2, Campo::NombreEmpresa);
+    Text3 = campo(QStringLiteral("Text3"));
+    LimitarCampo(Text3, Campo::NIF);
+    Text4 = campo(QStringLiteral("Text4"));
+    LimitarCampo(Text4, Campo::Domicilio);
+    Text5 = campo(QStringLiteral("Text5"));
+    LimitarCampo(Text5, Campo::NumeroCalle);
     Text5->setMaximumWidth(80);
-    Text6 = campo(QStringLiteral("Text6"), 30);
+    Text6 = campo(QStringLiteral("Text6"));
+    LimitarCampo(Text6, Campo::Ciudad);
     Text7 = campo(QStringLiteral("Text7"), 5);
     SoloCifras(Text7, 5);
     Text7->setMaximumWidth(80);
     Combo2 = new QComboBox;
     Combo2->setObjectName(QStringLiteral("Combo2"));
     Combo2->setEditable(true);
+    LimitarCampo(Combo2->lineEdit(), Campo::Provincia);
     Combo2->addItem(QString());
     try {
         const TablaTsv provincias = LeerTsv(QStringLiteral(":/data/plan/provincias.tsv"));

@@ -5,6 +5,7 @@
 #include "platform/forms/Ventana.h"
 #include "store/Sesion.h"
 #include "store/Usuarios.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QFormLayout>
 #include <QGridLayout>
@@ -30,13 +31,15 @@ Form43::Form43(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
 
     Text1 = new QLineEdit;
     Text1->setObjectName(QStringLiteral("Text1"));
-    Text1->setMaxLength(LongitudMaximaUsuario);
+    LimitarCampo(Text1, Campo::Usuario);
     Text2 = new QLineEdit;
     Text2->setObjectName(QStringLiteral("Text2"));
     Text2->setEchoMode(QLineEdit::Password);
+    SinControlesEnCaja(Text2);
     Text3 = new QLineEdit;
     Text3->setObjectName(QStringLiteral("Text3"));
     Text3->setEchoMode(QLineEdit::Password);
+    SinControlesEnCaja(Text3);
     auto* campos = new QGroupBox(QStringLiteral("Clave de acceso"));
     auto* formulario = new QFormLayout(campos);
     formulario->addRow(QStringLiteral("Usuario:"), Text1);

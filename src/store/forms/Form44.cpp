@@ -4,6 +4,7 @@
 #include "platform/Errores.h"
 #include "platform/forms/Ventana.h"
 #include "store/Usuarios.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -25,6 +26,8 @@ Form44::Form44(Ajustes& ajustes, const QString& usuario, int cursor, QWidget* pa
     Text2 = new QLineEdit;
     Text2->setObjectName(QStringLiteral("Text2"));
     Text2->setEchoMode(QLineEdit::Password);
+    LimitarCampo(Text1, Campo::Usuario);
+    SinControlesEnCaja(Text2);
     campos->addRow(QStringLiteral("&Usuario:"), Text1);
     campos->addRow(QStringLiteral("&Contraseña:"), Text2);
 

@@ -6,6 +6,7 @@
 #include "store/Empresas.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
+#include "store/forms/CampoTexto.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -20,16 +21,21 @@ Form75::Form75(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
     const char* const etiquetas[9] = {"Código:",   "Nombre:",    "NIF/CIF:",
                                       "Calle:",    "Nº:",        "Ciudad:",
                                       "C.Postal:", "Provincia:", "Fecha inicial periodo contable"};
-    const int largos[9] = {3, 30, 15, 40, 10, 30, 5, 30, 10};
     auto* formulario = new QFormLayout;
     for (int i = 0; i < 9; ++i) {
         Text[i] = new QLineEdit;
         Text[i]->setObjectName(QStringLiteral("Text%1").arg(i + 1));
-        Text[i]->setMaxLength(largos[i]);
         formulario->addRow(QString::fromUtf8(etiquetas[i]), Text[i]);
     }
     // The code names the company's folder; it is shown, not changed.
     Text[0]->setReadOnly(true);
+    Text[0]->setMaxLength(3);
+    const Campo campos[7] = {Campo::NombreEmpresa, Campo::NIF,    Campo::Domicilio,
+                             Campo::NumeroCalle,   Campo::Ciudad, Campo::CPostalEmpresa,
+                             Campo::Provincia};
+    for (int i = 0; i < 7; ++i)
+        LimitarCampo(Text[i + 1], campos[i]);
+    Text[8]->setMaxLength(10);
 
     DatosNuevaEmpresa e;
     try {

@@ -177,6 +177,7 @@ PantallaModelo::PantallaModelo(Sesion& s, Ajustes& a, Dialogo& d, const QString&
     imprimir = [this](const DibujoLibro& dibujo, const QString& t) {
         OpcionesImpresion op;
         op.titulo = t;
+        op.orientacion = orientacion_;
         op.impresora = a_.leer(QStringLiteral("Valores"), QStringLiteral("Impresora"));
         ImprimirLibro(this, dibujo, op);
     };

@@ -10,6 +10,7 @@
 
 #include <QDialog>
 #include <QLineEdit>
+#include <QPageLayout>
 #include <QValidator>
 #include <functional>
 
@@ -128,6 +129,8 @@ protected:
     Sesion& s_;
     Ajustes& a_;
     Dialogo& d_;
+    // How the draft lies on the paper.
+    QPageLayout::Orientation orientacion_ = QPageLayout::Portrait;
 };
 
 // A label and its field on one row of a grid.

@@ -12,6 +12,8 @@
 #include "tax/forms/Form94.h"
 #include "tax/forms/Form95.h"
 #include "tax/forms/Form96.h"
+#include "tax/forms/Form97.h"
+#include "tax/forms/Form98.h"
 
 #include <QApplication>
 
@@ -90,9 +92,25 @@ Form95* AbrirModelo115(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
     return Mostrar(new Form95(s, a, d, m, &tablero));
 }
 
+Form97* AbrirModelo347(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
+    Form98 f(s, a, d, &tablero);
+    if (f.exec() != QDialog::Accepted)
+        return nullptr;
+    Modelo347 m;
+    m.desde = f.desde();
+    m.hasta = f.hasta();
+    m.anoFechas = f.desde().year();
+    m.ejercicio = QString::number(m.anoFechas);
+    m.limite = f.limite();
+    Llenar(
+        d, [&](Conexion& c) { m = Nuevo347(c, f.desde(), f.hasta(), f.limite()); }, s);
+    return Mostrar(new Form97(s, a, d, m, &tablero));
+}
+
 void ConectarModelos(Form1& tablero, Sesion& s, Ajustes& a, Dialogo& d) {
     Form1* t = &tablero;
     tablero.Conectar(QStringLiteral("mnuM300"), [t, &s, &a, &d] { AbrirModelo303(*t, s, a, d); });
     tablero.Conectar(QStringLiteral("mnuM130"), [t, &s, &a, &d] { AbrirModelo130(*t, s, a, d); });
     tablero.Conectar(QStringLiteral("mnuM115"), [t, &s, &a, &d] { AbrirModelo115(*t, s, a, d); });
+    tablero.Conectar(QStringLiteral("mnuM347"), [t, &s, &a, &d] { AbrirModelo347(*t, s, a, d); });
 }

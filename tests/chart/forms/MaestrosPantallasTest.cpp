@@ -127,6 +127,19 @@ TEST(PantallaSectores, AnadirRenombrarYEliminar) {
     QTest::mouseClick(aceptar, Qt::LeftButton);
     ASSERT_EQ(Grid1->rowCount(), 1);
     EXPECT_EQ(Grid1->item(0, 0)->text(), "Obras");
+    // The box takes what the field holds: twenty characters, and no control character pasted.
+    Text1->clear();
+    QTest::keyClicks(Text1, QString(25, QLatin1Char('x')));
+    EXPECT_EQ(Text1->text().size(), 20);
+    Text1->clear();
+    Text1->insert("Sur\tNorte\n");
+    EXPECT_EQ(Text1->text(), "SurNorte");
+    // A name already in the list, in any letters, is refused.
+    Text1->setText("OBRAS");
+    QTest::mouseClick(aceptar, Qt::LeftButton);
+    EXPECT_EQ(e.dialogo.informados.last(), "Ya existe un Sector con el nombre 'OBRAS'.");
+    EXPECT_EQ(Grid1->rowCount(), 1);
+    Text1->clear();
 
     Apunte a = Debe("662900056", 9);
     a.Sector = "Obras";

@@ -1,0 +1,306 @@
+#include "utilities/Copias.h"
+
+#include "platform/Ajustes.h"
+#include "platform/Carpetas.h"
+#include "platform/CopiasBase.h"
+#include "platform/Errores.h"
+#include "store/BloqueoEmpresa.h"
+#include "store/CargarEmp.h"
+#include "store/ListasEmpresas.h"
+#include "store/Sesion.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <cstdio>
+
+namespace {
+
+// Beside each final folder (or file) of a copy: the one being made, and the older one set aside
+// while the new one takes its place. Hidden, and never taken for a company folder.
+QString enCurso(const QString& final) {
+    const QFileInfo f(final);
+    return QDir(f.absolutePath()).filePath(QStringLiteral(".%1.copia").arg(f.fileName()));
+}
+QString apartada(const QString& final) {
+    const QFileInfo f(final);
+    return QDir(f.absolutePath()).filePath(QStringLiteral(".%1.anterior").arg(f.fileName()));
+}
+
+bool esCarpetaEmpresa(const QString& nombre) {
+    return nombre.size() == 6 && nombre.left(3).toUpper() == QLatin1String("EMP");
+}
+
+// A database's own passing files are not copied: the copy of the database holds their content.
+bool esAcompanante(const QString& nombre) {
+    return nombre.endsWith(QLatin1String("-wal")) || nombre.endsWith(QLatin1String("-shm")) ||
+           nombre.endsWith(QLatin1String("-journal"));
+}
+
+bool esBase(const QString& nombre) {
+    return nombre.endsWith(QLatin1String(".db"), Qt::CaseInsensitive);
+}
+
+QFileInfoList ficherosDe(const QString& carpeta) {
+    QFileInfoList r;
+    for (const QFileInfo& f : QDir(carpeta).entryInfoList(QDir::Files | QDir::Hidden, QDir::Name))
+        if (!esAcompanante(f.fileName()))
+            r << f;
+    return r;
+}
+
+// Counts the files copied, for the progress of the whole run.
+struct Avance {
+    const Progreso& progreso;
+    qint64 hecho = 0, total = 0;
+    void uno() {
+        ++hecho;
+        if (progreso)
+            progreso(hecho, total);
+    }
+};
+
+// The files of a company folder into the empty folder `destino`: databases as consistent
+// copies, the rest as they are.
+void copiarFicheros(const QString& origen, const QString& destino, Avance& avance) {
+    for (const QFileInfo& f : ficherosDe(origen)) {
+        const QString a = QDir(destino).filePath(f.fileName());
+        if (esBase(f.fileName()))
+            CopiarBase(f.absoluteFilePath(), a);
+        else
+            CopiarFichero(f.absoluteFilePath(), a);
+        avance.uno();
+    }
+    SincronizarCarpeta(destino);
+}
+
+// What an earlier run cut short may have left: a previous copy set aside goes back to its place,
+// a half-made one goes away.
+void recuperar(const QString& final) {
+    if (!QFileInfo::exists(final) && QFileInfo::exists(apartada(final)))
+        ::rename(QFile::encodeName(apartada(final)).constData(),
+                 QFile::encodeName(final).constData());
+    BorrarCarpeta(enCurso(final));
+    if (QFileInfo::exists(final))
+        BorrarCarpeta(apartada(final));
+}
+
+// Makes the folder `final` a copy of `origen`, putting it in place only when complete.
+void copiarCarpeta(const QString& origen, const QString& final, Avance& avance) {
+    recuperar(final);
+    const QString nueva = enCurso(final);
+    if (!QDir().mkpath(nueva))
+        throw ErrorAlmacen(QStringLiteral("No tiene permiso para escribir en la carpeta %1.")
+                               .arg(QDir::toNativeSeparators(QFileInfo(final).absolutePath())));
+    try {
+        copiarFicheros(origen, nueva, avance);
+        const Colocacion c = ColocarCarpeta(nueva, final, apartada(final));
+        // The older version is removed only now that the new one stands in its place.
+        BorrarCarpeta(c == Colocacion::Intercambiada ? nueva : apartada(final));
+    } catch (...) {
+        BorrarCarpeta(nueva);
+        throw;
+    }
+}
+
+// The installation's database as the file `final`, replaced in one step.
+void copiarBavis(const QString& origen, const QString& final) {
+    const QString nueva = enCurso(final);
+    CopiarBase(origen, nueva);
+    if (::rename(QFile::encodeName(nueva).constData(), QFile::encodeName(final).constData()) != 0) {
+        QFile::remove(nueva);
+        throw ErrorAlmacen(QStringLiteral("No se pudo poner la copia en su lugar en la carpeta %1.")
+                               .arg(QDir::toNativeSeparators(QFileInfo(final).absolutePath())));
+    }
+    SincronizarCarpeta(QFileInfo(final).absolutePath());
+}
+
+bool dentroDe(const QString& ruta, const QString& carpeta) {
+    return ruta == carpeta || ruta.startsWith(carpeta + QLatin1Char('/'));
+}
+
+QString padreDe(const QString& carpeta) {
+    return QFileInfo(QDir::cleanPath(QFileInfo(carpeta).absoluteFilePath())).absolutePath();
+}
+
+} // namespace
+
+QString CarpetaCopiaRechazada(const Sesion& s, const QString& carpeta) {
+    const QString c = RutaCanonica(carpeta);
+    if (c == RutaCanonica(s.AppPath) || c == RutaCanonica(s.DataPath))
+        return MsgCopiaCarpetaPrograma;
+    for (const QString& e : CarpetasEmpresa(s.DataPath))
+        if (dentroDe(c, RutaCanonica(s.carpetaEmpresa(e))))
+            return MsgCopiaCarpetaPrograma;
+    return {};
+}
+
+bool HacerCopiaSeguridad(Sesion& s, Ajustes& a, Dialogo& d, const QString& carpetaTecleada,
+                         AlcanceCopia alcance, const Progreso& progreso) {
+    const QString carpeta = carpetaTecleada.trimmed();
+    if (carpeta.isEmpty()) {
+        d.Informar(MsgCopiaSinCarpeta);
+        return false;
+    }
+    if (const QString m = CarpetaCopiaRechazada(s, carpeta); !m.isEmpty()) {
+        d.Informar(m);
+        return false;
+    }
+    if (!QFileInfo(carpeta).isDir()) {
+        d.Informar(MsgNoExisteCarpeta);
+        return false;
+    }
+    const QStringList empresas = alcance == AlcanceCopia::Todas ? CarpetasEmpresa(s.DataPath)
+                                 : s.EmpresaActual.isEmpty()    ? QStringList()
+                                                                : QStringList{s.EmpresaActual};
+    if (alcance == AlcanceCopia::EmpresaAbierta && empresas.isEmpty()) {
+        d.Informar(MsgCopiaSinEmpresa);
+        return false;
+    }
+    if (!d.Preguntar(QStringLiteral("Está seguro de que desea hacer la copia de seguridad en la "
+                                    "carpeta '%1'?")
+                         .arg(QDir::toNativeSeparators(carpeta))))
+        return false;
+    a.escribir(QStringLiteral("Valores"), QStringLiteral("Ruta"), carpeta);
+
+    Avance avance{progreso};
+    const bool conBavis = QFileInfo::exists(s.rutaBavis());
+    avance.total = conBavis ? 1 : 0;
+    for (const QString& e : empresas)
+        avance.total += ficherosDe(s.carpetaEmpresa(e)).size();
+    try {
+        if (conBavis) {
+            copiarBavis(s.rutaBavis(), QDir(carpeta).filePath(QStringLiteral("Bavis.db")));
+            avance.uno();
+        }
+        for (const QString& e : empresas) {
+            // Nobody swaps the company's files while they are copied.
+            BloqueoEmpresa abierta(s.DataPath, e, BloqueoEmpresa::Modo::Compartido,
+                                   EsperaEmpresaOcupada);
+            if (!abierta.conseguido() && abierta.ocupado())
+                throw ErrorAlmacen(MsgEmpresaOcupada.arg(e));
+            copiarCarpeta(s.carpetaEmpresa(e), QDir(carpeta).filePath(e), avance);
+        }
+    } catch (const ErrorQuilmar& e) {
+        d.Informar(e.mensaje());
+        return false;
+    }
+    d.Informar(MsgCopiaHecha);
+    return true;
+}
+
+QString NombreEnCopia(const QString& carpeta) {
+    return LeerSelan(QDir(carpeta).filePath(QStringLiteral("Selan.dat"))).value(0).Nombre;
+}
+
+void ComprobarCopiaEmpresa(const QString& carpeta) {
+    const QDir dir(carpeta);
+    const QString selan = dir.filePath(QStringLiteral("Selan.dat"));
+    if (!QFileInfo::exists(selan))
+        throw ErrorAlmacen(MsgRestaurarSinSelan);
+    QFile f(selan);
+    if (!f.open(QIODevice::ReadOnly))
+        throw ErrorAlmacen(QStringLiteral("No se puede leer el archivo Selan.dat de la copia."));
+    f.close();
+    const QList<RegistroSelan> ejercicios = LeerSelan(selan);
+    if (ejercicios.isEmpty())
+        throw ErrorAlmacen(
+            QStringLiteral("El archivo Selan.dat de la copia no tiene ningún ejercicio."));
+    static const QRegularExpression ano(QStringLiteral("^\\d{4}$"));
+    QStringList comprobadas;
+    auto comprobar = [&](const QString& nombre, TipoBase tipo) {
+        ComprobarBase(dir.filePath(nombre), tipo);
+        comprobadas << nombre;
+    };
+    comprobar(QStringLiteral("Bavar.db"), TipoBase::Bavar);
+    for (const RegistroSelan& r : ejercicios) {
+        if (!ano.match(r.Ano).hasMatch())
+            throw ErrorAlmacen(QStringLiteral("El archivo Selan.dat de la copia está dañado."));
+        const QString nombre = QStringLiteral("Quilmar%1.db").arg(r.Ano);
+        if (!comprobadas.contains(nombre))
+            comprobar(nombre, TipoBase::Ejercicio);
+    }
+    for (const QFileInfo& fi : ficherosDe(carpeta))
+        if (esBase(fi.fileName()) && !comprobadas.contains(fi.fileName()))
+            comprobar(fi.fileName(), TipoPorNombre(fi.fileName()));
+    const QString bavis = QDir(padreDe(carpeta)).filePath(QStringLiteral("Bavis.db"));
+    if (QFileInfo::exists(bavis))
+        ComprobarBase(bavis, TipoBase::Bavis);
+}
+
+bool RestaurarCopia(Sesion& s, Dialogo& d, const QString& carpetaTecleada,
+                    const Progreso& progreso) {
+    const QString carpeta = QDir::cleanPath(carpetaTecleada.trimmed());
+    if (carpetaTecleada.trimmed().isEmpty()) {
+        d.Informar(MsgRestaurarSinCarpeta);
+        return false;
+    }
+    if (!QFileInfo(carpeta).isDir()) {
+        d.Informar(MsgNoExisteCarpeta);
+        return false;
+    }
+    if (!QFileInfo::exists(QDir(carpeta).filePath(QStringLiteral("Selan.dat")))) {
+        d.Informar(MsgRestaurarSinSelan);
+        return false;
+    }
+    const QString empresa = QFileInfo(carpeta).fileName();
+    if (!esCarpetaEmpresa(empresa)) {
+        d.Informar(MsgRestaurarNombreCarpeta);
+        return false;
+    }
+    // A company folder of the program itself is no copy: restoring it onto itself would take
+    // the installation's own Bavis.db as the copy's.
+    const QString padre = RutaCanonica(padreDe(carpeta));
+    if (padre == RutaCanonica(s.AppPath) || padre == RutaCanonica(s.DataPath)) {
+        d.Informar(QStringLiteral("Esa carpeta es la de la propia empresa en el programa, no una "
+                                  "copia de seguridad."));
+        return false;
+    }
+    try {
+        ComprobarCopiaEmpresa(carpeta);
+    } catch (const ErrorQuilmar& e) {
+        d.Informar(QStringLiteral("No se puede restaurar esa copia. %1 No se ha modificado "
+                                  "ningún dato.")
+                       .arg(e.mensaje()));
+        return false;
+    }
+    if (!d.Preguntar(QStringLiteral("Está seguro de que desea restaurar los datos de la empresa "
+                                    "%1, de nombre %2")
+                         .arg(empresa, NombreEnCopia(carpeta))))
+        return false;
+    const QString destino = s.carpetaEmpresa(empresa);
+    if (QFileInfo::exists(destino) &&
+        !d.Preguntar(QStringLiteral("La empresa %1 ya existe en el directorio del programa. Desea "
+                                    "seguir restaurando, de forma que los datos que se van a "
+                                    "importar sustiruirían a los existentes?")
+                         .arg(empresa)))
+        return false;
+
+    EmpresaEnExclusiva sola(s, empresa);
+    if (!sola.conseguida()) {
+        d.Informar(sola.ocupada()
+                       ? MsgEmpresaAbiertaOtro.arg(empresa)
+                       : QStringLiteral("No tiene permiso para escribir en la carpeta %1.")
+                             .arg(QDir::toNativeSeparators(s.DataPath)));
+        return false;
+    }
+    Avance avance{progreso};
+    avance.total = ficherosDe(carpeta).size();
+    const QString bavis = QDir(padreDe(carpeta)).filePath(QStringLiteral("Bavis.db"));
+    const bool conBavis = QFileInfo::exists(bavis);
+    if (conBavis)
+        ++avance.total;
+    try {
+        copiarCarpeta(carpeta, destino, avance);
+        if (conBavis) {
+            SustituirBase(bavis, s.rutaBavis());
+            avance.uno();
+        }
+    } catch (const ErrorQuilmar& e) {
+        d.Informar(e.mensaje());
+        return false;
+    }
+    d.Informar(MsgRestaurarCerrar);
+    return true;
+}
