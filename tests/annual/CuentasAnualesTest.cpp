@@ -6,13 +6,13 @@
 #include "store/Conexiones.h"
 #include "store/Ejercicios.h"
 #include "store/Formato.h"
+#include "yearend/Cierre.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
 const QString Caja = QStringLiteral("157000001");
-const QString Resultado = QStringLiteral("012900002");
 
 // Every row of a table, in a fixed order, as text: the state a statement must leave untouched.
 QString Volcado(Conexion& c, const QString& tabla, const QString& orden) {
@@ -29,42 +29,6 @@ QString Estado(Entorno& e) {
     return Volcado(c, QStringLiteral("Diario"), QStringLiteral("NAs, NAp")) + u'#' +
            Volcado(c, QStringLiteral("Mayor"), QStringLiteral("NCuenta")) + u'#' +
            Volcado(c, QStringLiteral("Empresa"), QStringLiteral("1"));
-}
-
-// The closing entries written by hand with the journal writer: the regularisation ("R") takes
-// groups 6 and 7 to the year's result, the closing entry ("F") brings every balance to zero.
-std::pair<long, long> CerrarAMano(Entorno& e) {
-    Sesion& s = e.sesion;
-    Conexion c = e.datos();
-    QList<Apunte> reg, fin;
-    double resultado = 0;
-    QHash<QString, double> saldos;
-    {
-        Lector l(c, QStringLiteral("SELECT NCuenta, SaldoD - SaldoH FROM Mayor ORDER BY NCuenta"));
-        while (l.siguiente())
-            saldos[l.texto(0)] = Centimos(l.real(1));
-    }
-    for (auto it = saldos.begin(); it != saldos.end(); ++it) {
-        const QChar g = it.key().at(1);
-        if ((g == u'6' || g == u'7') && it.value() != 0) {
-            reg.append(it.value() > 0 ? Haber(it.key(), it.value()) : Debe(it.key(), -it.value()));
-            resultado += it.value();
-            it.value() = 0;
-        }
-    }
-    reg.append(resultado > 0 ? Debe(Resultado, resultado) : Haber(Resultado, -resultado));
-    saldos[Resultado] += resultado;
-    for (auto it = saldos.cbegin(); it != saldos.cend(); ++it)
-        if (Centimos(it.value()) != 0)
-            fin.append(it.value() > 0 ? Haber(it.key(), Centimos(it.value()))
-                                      : Debe(it.key(), -Centimos(it.value())));
-    OpcionesEscritura r;
-    r.Clase = QStringLiteral("R");
-    const long nr = EscribirAsiento(c, s, s.FechaFinEj, reg, r);
-    OpcionesEscritura f;
-    f.Clase = QStringLiteral("F");
-    const long nf = EscribirAsiento(c, s, s.FechaFinEj, fin, f);
-    return {nr, nf};
 }
 
 void Ejercicio(Entorno& e, int ano) {
@@ -102,15 +66,21 @@ TEST(CuentasAnuales, ClosedExercisesShowTheBalancesBeforeClosingAndStayUntouched
     Entorno e;
     e.instalarDemo();
     ASSERT_EQ(e.sesion.AnoActual, 2026);
-    // A second year made from the demo one, with a sale and an expense of its own.
+    // A second year made from the demo one; the demo year closed with its balances carried
+    // there, then a sale and an expense of its own, and that year closed too.
     CrearEjercicio(e.sesion, e.dialogo, 2027);
-    ASSERT_EQ(e.sesion.AnoActual, 2027);
+    Ejercicio(e, 2026);
+    CerrarEjercicio(e.sesion, Traspaso{2027, 1});
+    Ejercicio(e, 2027);
     e.asiento(QDate(2027, 2, 1), {Debe(Caja, 1210), Haber(QStringLiteral("370000066"), 1210)});
     e.asiento(QDate(2027, 3, 1), {Debe(QStringLiteral("662600051"), 95.5), Haber(Caja, 95.5)});
-    // Both years closed by their closing entries.
-    const auto cierre2027 = CerrarAMano(e);
+    CerrarEjercicio(e.sesion, Traspaso{});
+    Ejercicio(e, 2027);
+    ASSERT_TRUE(e.sesion.EjCerrado);
+    const std::pair<long, long> cierre2027{e.sesion.NAsReg, e.sesion.NAsFin};
     Ejercicio(e, 2026);
-    const auto cierre2026 = CerrarAMano(e);
+    ASSERT_TRUE(e.sesion.EjCerrado);
+    const std::pair<long, long> cierre2026{e.sesion.NAsReg, e.sesion.NAsFin};
     Ejercicio(e, 2027);
 
     for (TipoEstado tipo : {TipoEstado::Balance, TipoEstado::PyG}) {
