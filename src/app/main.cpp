@@ -4,6 +4,7 @@
 
 #include "annual/forms/MenusAnuales.h"
 #include "assets/forms/MenusInventario.h"
+#include "assets/forms/MenusPresupuestos.h"
 #include "chart/forms/MenusCuentas.h"
 #include "platform/Ajustes.h"
 #include "platform/Errores.h"
@@ -31,6 +32,7 @@
 #include "tax/forms/MenusModelos.h"
 #include "utilities/forms/MenusUtilidades.h"
 #include "yearend/forms/MenusCierre.h"
+#include "utilities/forms/MenusCalculadora.h"
 
 #include <QApplication>
 #include <QDir>
@@ -139,6 +141,8 @@ int main(int argc, char** argv) {
     ConectarInventario(tablero, s, a, d);
     ConectarCajaYPunteo(tablero, s, a, d);
     ConectarCierre(tablero, s, a, d);
+    ConectarPresupuestos(tablero, s, a, d);
+    ConectarCalculadora(tablero, s, a, d);
     ConectarVencimientos(tablero, s, a, d);
     ConectarUtilidades(tablero, s, a, d);
     ConectarAnalisis(tablero, s, a, d);

@@ -90,7 +90,7 @@ void ContextoCli::abrirEmpresa() {
     empresa = QStringLiteral("Emp") + empresa.mid(3);
     if (!QDir(sesion.carpetaEmpresa(empresa)).exists())
         throw Rechazo(QStringLiteral("No existe la empresa %1.").arg(empresa));
-    int ano = opcion(QStringLiteral("ano")).toInt();
+    int ano = global(QStringLiteral("ano")).toInt();
     if (ano == 0 && empresa == ajustes.leer(QStringLiteral("Inicio"), QStringLiteral("Empresa")))
         ano = ajustes.leer(QStringLiteral("Inicio"), QStringLiteral("Año")).toInt();
     if (ano == 0)

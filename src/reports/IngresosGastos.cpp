@@ -14,15 +14,6 @@
 #include <algorithm>
 #include <vector>
 
-const QStringList& NombresMeses() {
-    static const QStringList meses{
-        QStringLiteral("Enero"),   QStringLiteral("Febrero"),   QStringLiteral("Marzo"),
-        QStringLiteral("Abril"),   QStringLiteral("Mayo"),      QStringLiteral("Junio"),
-        QStringLiteral("Julio"),   QStringLiteral("Agosto"),    QStringLiteral("Septiembre"),
-        QStringLiteral("Octubre"), QStringLiteral("Noviembre"), QStringLiteral("Diciembre")};
-    return meses;
-}
-
 QString NombreEmpresaListado(const Sesion& s) {
     Conexion c = AbrirDatos(s);
     return c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1")).toString().trimmed();

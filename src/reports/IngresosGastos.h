@@ -19,6 +19,7 @@
 // ComparacionAnos.h.
 
 #include "platform/Dialogo.h"
+#include "store/Meses.h"
 
 #include <QDate>
 #include <QString>
@@ -32,9 +33,6 @@ struct Sesion;
 
 // The company's name, from the exercise's Empresa row: the heading of the printed lists.
 QString NombreEmpresaListado(const Sesion& s);
-
-// "Enero" to "Diciembre".
-const QStringList& NombresMeses();
 
 inline const QString MsgFechasIyG =
     QStringLiteral("La fecha inicial debe ser menor o igual que la final.");

@@ -52,15 +52,6 @@ QList<Aviso> AvisosDelDia(const QList<Aviso>& avisos, const QDate& dia, const QD
     return r;
 }
 
-const QStringList& NombresMeses() {
-    static const QStringList m{
-        QStringLiteral("Enero"),   QStringLiteral("Febrero"),   QStringLiteral("Marzo"),
-        QStringLiteral("Abril"),   QStringLiteral("Mayo"),      QStringLiteral("Junio"),
-        QStringLiteral("Julio"),   QStringLiteral("Agosto"),    QStringLiteral("Septiembre"),
-        QStringLiteral("Octubre"), QStringLiteral("Noviembre"), QStringLiteral("Diciembre")};
-    return m;
-}
-
 const QStringList& NombresDias() {
     static const QStringList d{QStringLiteral("Lun"), QStringLiteral("Mar"), QStringLiteral("Mié"),
                                QStringLiteral("Jue"), QStringLiteral("Vie"), QStringLiteral("Sáb"),

@@ -6,6 +6,7 @@
 // repeated `Periodo` times a year also marks its day of the month in every month shown, not
 // before its own, whose distance in months from its date divided by 12 / Periodo is whole.
 
+#include "store/Meses.h"
 #include "utilities/Avisos.h"
 
 #include <QDate>
@@ -30,6 +31,5 @@ QList<Aviso> AvisosDelDia(const QList<Aviso>& avisos, const QDate& dia, const QD
 // Whether a reminder marks that day.
 bool MarcaDia(const Aviso& aviso, const QDate& dia, const QDate& hoy);
 
-// "Enero" to "Diciembre", and "Lun" to "Dom".
-const QStringList& NombresMeses();
+// "Lun" to "Dom".
 const QStringList& NombresDias();

@@ -68,6 +68,6 @@ bool CompactarBasesDatos(Sesion& s, Dialogo& d, const Progreso& progreso) {
         d.Informar(e.mensaje());
         return false;
     }
-    d.Informar(MsgProcesoTerminado);
+    d.Informar(MsgCompactacionTerminada);
     return true;
 }

@@ -17,12 +17,12 @@ inline const QString MsgCompactar = QStringLiteral(
     "ningún usuario está accediendo a las bases de datos y que no se acceda mientras se está "
     "realizando el proceso. Es buena práctica hacer copia de seguridad de los datos previamente. "
     "Desea realizar el proceso?");
-inline const QString MsgProcesoTerminado = QStringLiteral("Proceso terminado");
+inline const QString MsgCompactacionTerminada = QStringLiteral("Proceso terminado");
 
 // The folder of the safety copies, in the data folder.
 QString CarpetaCopbas(const Sesion& s);
 
-// Asks MsgCompactar, then copies and compacts, ending with MsgProcesoTerminado. False when not
+// Asks MsgCompactar, then copies and compacts, ending with MsgCompactacionTerminada. False when not
 // confirmed, refused or failed (told to the user). Progress counts six steps: a copy and a
 // compaction per database.
 bool CompactarBasesDatos(Sesion& s, Dialogo& d, const Progreso& progreso = {});

@@ -41,7 +41,7 @@ TEST_F(Compactar, ConservaCadaFilaYEncogeTrasEliminarMuchosAsientos) {
 
     ASSERT_TRUE(compactar());
     EXPECT_EQ(e.dialogo.preguntas, QStringList({MsgCompactar}));
-    EXPECT_EQ(e.dialogo.informados, QStringList({MsgProcesoTerminado}));
+    EXPECT_EQ(e.dialogo.informados, QStringList({MsgCompactacionTerminada}));
     EXPECT_EQ(Volcado(ruta), antes);
     EXPECT_EQ(Volcado(e.sesion.rutaBavar()), bavar);
     EXPECT_EQ(Volcado(e.sesion.rutaBavis()), bavis);
@@ -92,7 +92,7 @@ TEST_F(Compactar, NoSeHaceSinConfirmarNiConLaEmpresaAbiertaEnOtroProceso) {
     }
     const ResultadoCli r = EjecutarCli(e.dir.path(), {"--empresa", "Emp001", "compactar", "--si"});
     EXPECT_EQ(r.codigo, 0) << r.error.toStdString();
-    EXPECT_TRUE(r.error.contains(MsgProcesoTerminado));
+    EXPECT_TRUE(r.error.contains(MsgCompactacionTerminada));
 
     // This process's own hold is let go for the work and taken again after it.
     MarcarEmpresaAbierta(e.sesion);

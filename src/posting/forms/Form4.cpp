@@ -173,6 +173,10 @@ Form4::Form4(Sesion& s, Ajustes& a, Dialogo& d, EstadoTablero& tablero, QWidget*
     setWindowTitle(QStringLiteral("Quilmar [Contabilizar]"));
     k_.Pantalla = &pantalla_;
     AbrirVencimientos = VencimientosDeLinea();
+    if (const GanchoCalculadora& calculadora = CalculadoraDeImporte())
+        AbrirCalculadora = [calculadora](QLineEdit* campo) {
+            calculadora(campo, QStringLiteral("F4N1"));
+        };
 
     Toolbar1 = new QToolBar(this);
     Toolbar1->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -333,6 +337,11 @@ Form4::~Form4() {
 
 bool Form4::Abierto() {
     return abiertos > 0;
+}
+
+Form4::GanchoCalculadora& Form4::CalculadoraDeImporte() {
+    static GanchoCalculadora gancho;
+    return gancho;
 }
 
 Form4::GanchoVencimientos& Form4::VencimientosDeLinea() {

@@ -60,6 +60,9 @@ public:
     // amount field, tag "F4N1") and periodic entries (toolbar button 4). Unset, the key does
     // nothing and the button is off.
     std::function<void(QLineEdit*)> AbrirCalculadora;
+    // What every new posting screen takes as AbrirCalculadora; the calculator's wiring sets it.
+    using GanchoCalculadora = std::function<void(QLineEdit* campo, const QString& etiqueta)>;
+    static GanchoCalculadora& CalculadoraDeImporte();
     void FijarHacerPeriodico(std::function<void()> accion);
     // Printing the entry (toolbar button 1): the print preview of the lines as they stand.
     // Another action may take its place; with none the button is off.

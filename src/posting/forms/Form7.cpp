@@ -614,6 +614,13 @@ bool Form7::eventFilter(QObject* objeto, QEvent* evento) {
         desdeLogica();
         return true;
     }
+    if ((objeto == TDBN2 || objeto == TDBN3) && k->text() == QLatin1String("+")) {
+        // The calculator hands its result back into the debit or credit field.
+        if (const Form4::GanchoCalculadora& calculadora = Form4::CalculadoraDeImporte())
+            calculadora(static_cast<QLineEdit*>(objeto),
+                        objeto == TDBN2 ? QStringLiteral("F7N2") : QStringLiteral("F7N3"));
+        return true;
+    }
     if ((objeto == TDBN2 || objeto == TDBN3) && !EsIntro(k) &&
         teclaEnImporte(static_cast<QLineEdit*>(objeto), k, s_.PuntoDecimal))
         return true;

@@ -277,7 +277,7 @@ TEST_F(Utilidades, CopiaYRestauracionDesdeElTablero) {
     // The board's own hold does not stop a compaction from it.
     e.dialogo.responder({true});
     tablero.accion("mnuCompactar")->trigger();
-    EXPECT_EQ(e.dialogo.informados.last(), MsgProcesoTerminado);
+    EXPECT_EQ(e.dialogo.informados.last(), MsgCompactacionTerminada);
 
     bool terminado = false;
     AlAbrirseModal([&](QWidget* w) {

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QStringList>
+
+// "Enero" … "Diciembre", for month lists, strips and headings.
+const QStringList& NombresMeses();
