@@ -2,6 +2,7 @@
 // with its check of a second copy, the installation database, the login, the kind of
 // installation on first use, the board and the access to companies.
 
+#include "annual/forms/MenusAnuales.h"
 #include "assets/forms/MenusInventario.h"
 #include "assets/forms/MenusPresupuestos.h"
 #include "chart/forms/MenusCuentas.h"
@@ -137,6 +138,7 @@ int main(int argc, char** argv) {
     ConectarMantenimiento(tablero, s, a, d);
     ConectarPlantillas(tablero, s, a, d);
     ConectarLibros(tablero, s, a, d);
+    ConectarAnuales(tablero, s, a, d);
     ConectarLibrosIva(tablero, s, a, d);
     ConectarModelos(tablero, s, a, d);
     ConectarInventario(tablero, s, a, d);

@@ -41,12 +41,6 @@ double Estandar(double v) {
 
 } // namespace
 
-const QStringList NombresMeses = {
-    QStringLiteral("Enero"),   QStringLiteral("Febrero"),   QStringLiteral("Marzo"),
-    QStringLiteral("Abril"),   QStringLiteral("Mayo"),      QStringLiteral("Junio"),
-    QStringLiteral("Julio"),   QStringLiteral("Agosto"),    QStringLiteral("Septiembre"),
-    QStringLiteral("Octubre"), QStringLiteral("Noviembre"), QStringLiteral("Diciembre")};
-
 QByteArray RegistroPresupuesto(const PartidaPresupuesto& p, const QString& ano,
                                const QString& sector) {
     QByteArray r(LongitudRegistroPresupuesto, ' ');
@@ -284,9 +278,9 @@ QString EtiquetaPeriodo(const PeriodoPresupuesto& p) {
     if (p.anual)
         return QStringLiteral(" Anual");
     if (p.mesDesde == p.mesHasta)
-        return QLatin1Char(' ') + NombresMeses.value(p.mesDesde - 1);
+        return QLatin1Char(' ') + NombresMeses().value(p.mesDesde - 1);
     return QStringLiteral(" %1 a %2")
-        .arg(NombresMeses.value(p.mesDesde - 1), NombresMeses.value(p.mesHasta - 1));
+        .arg(NombresMeses().value(p.mesDesde - 1), NombresMeses().value(p.mesHasta - 1));
 }
 
 namespace {

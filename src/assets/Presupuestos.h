@@ -12,6 +12,7 @@
 //     Rejilla r = CompararPresupuesto(sesion, RutaPresupuesto(sesion, "Plan"), 2, 3);
 
 #include "platform/Dialogo.h"
+#include "store/Meses.h"
 
 #include <QByteArray>
 #include <QList>
@@ -88,7 +89,6 @@ struct PeriodoPresupuesto {
     int mesHasta = 12;
     bool anual = true;
 };
-extern const QStringList NombresMeses; // "Enero" … "Diciembre"
 // " Anual", " Marzo" or " Febrero a Marzo".
 QString EtiquetaPeriodo(const PeriodoPresupuesto& p);
 

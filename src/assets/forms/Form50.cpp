@@ -53,7 +53,7 @@ Form50::Form50(Sesion& s, Ajustes& a, Dialogo& d, const QString& ruta, QWidget* 
     // The months of the exercise, in its order.
     for (int k = 0; k < 12; ++k) {
         const QDate m = ini.addMonths(k);
-        const QString t = NombresMeses.value(m.month() - 1) + QStringLiteral(" %1").arg(m.year());
+        const QString t = NombresMeses().value(m.month() - 1) + QStringLiteral(" %1").arg(m.year());
         desde_->addItem(t, m.month());
         hasta_->addItem(t, m.month());
     }

@@ -437,6 +437,12 @@ bool Form60::eventFilter(QObject* objeto, QEvent* evento) {
         Text2->setFocus();
         return true;
     }
+    if (objeto == TDBN1 && k->text() == QLatin1String("+")) {
+        // The calculator hands its result back into the amount.
+        if (const Form4::GanchoCalculadora& calculadora = Form4::CalculadoraDeImporte())
+            calculadora(TDBN1, QStringLiteral("F60T2"));
+        return true;
+    }
     if (objeto == TDBN1 && !EsTeclaDeEdicion(k)) {
         if (EsIntro(k)) {
             Text1->setFocus();

@@ -1,5 +1,7 @@
 #include "posting/forms/Form76.h"
 
+#include "posting/forms/Form4.h"
+
 #include "platform/Ajustes.h"
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
@@ -190,6 +192,17 @@ void Form76::aceptar() {
 }
 
 bool Form76::eventFilter(QObject* objeto, QEvent* evento) {
+    if (evento->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(evento)->text() == QLatin1String("+")) {
+        // The amount and the VAT base take the calculator's result back.
+        for (const auto& [c, etiqueta] : {std::pair{int(CampoPredi::Importe), "F76T4"},
+                                          std::pair{int(CampoPredi::Base), "F76T6"}})
+            if (auto* campo = qobject_cast<QLineEdit*>(Campos[c]); campo && objeto == campo) {
+                if (const Form4::GanchoCalculadora& calculadora = Form4::CalculadoraDeImporte())
+                    calculadora(campo, QString::fromLatin1(etiqueta));
+                return true;
+            }
+    }
     if (evento->type() == QEvent::KeyPress && EsIntro(static_cast<QKeyEvent*>(evento))) {
         // Enter moves on to the next field that is asked, and from the last to "&Aceptar".
         int actual = -1;

@@ -6,6 +6,7 @@
 #include "forms/Pantallas.h"
 #include "journal/Casaciones.h"
 #include "posting/forms/Form1.h"
+#include "posting/forms/Form4.h"
 #include "posting/forms/Form60.h"
 #include "posting/forms/Form7.h"
 #include "posting/forms/Form86.h"
@@ -316,3 +317,23 @@ TEST_F(PantallaPunteo, CajaDelDiaAnadirPuntearYPasarLasPunteadas) {
 }
 
 } // namespace
+
+TEST_F(PantallaPunteo, ElMasDelImporteDeCajaAbreLaCalculadora) {
+    // The calculator's own wiring is tested with it; here only that the pad hands it its field.
+    Form4::GanchoCalculadora& gancho = Form4::CalculadoraDeImporte();
+    const Form4::GanchoCalculadora antes = gancho;
+    QString etiqueta;
+    gancho = [&](QLineEdit* campo, const QString& e) {
+        etiqueta = e;
+        campo->setText(QStringLiteral("112,50"));
+    };
+    tablero->accion("mnuCaja")->trigger();
+    Form60* f = Form60::Abierto();
+    ASSERT_TRUE(f);
+    auto* importe = Control<QLineEdit>(f, "TDBN1");
+    importe->setFocus();
+    QTest::keyClick(importe, Qt::Key_Plus);
+    gancho = antes;
+    EXPECT_EQ(etiqueta, "F60T2");
+    EXPECT_EQ(importe->text(), "112,50") << "the + itself is not typed";
+}
