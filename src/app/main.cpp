@@ -31,6 +31,8 @@
 #include "tax/forms/MenusLibrosIva.h"
 #include "tax/forms/MenusModelos.h"
 #include "utilities/forms/MenusUtilidades.h"
+#include "yearend/Adaptacion.h"
+#include "yearend/forms/MenusAdaptacion.h"
 #include "yearend/forms/MenusCierre.h"
 #include "utilities/forms/MenusCalculadora.h"
 
@@ -63,6 +65,7 @@ int main(int argc, char** argv) {
     QDir().mkpath(s.AppPath);
     Ajustes a(s.AppPath);
     DialogoVentanas d;
+    InstalarAdaptacionPlan();
 
     // The splash: screen font, one copy of the program per installation, where the data are.
     s.NombreLetra = a.leer(QStringLiteral("Valores"), QStringLiteral("NLetra"));
@@ -146,6 +149,7 @@ int main(int argc, char** argv) {
     ConectarVencimientos(tablero, s, a, d);
     ConectarUtilidades(tablero, s, a, d);
     ConectarAnalisis(tablero, s, a, d);
+    ConectarAdaptacion(tablero, s, a, d);
     tablero.setPresentacion(&splash);
     tablero.Cargar();
     tablero.show();

@@ -9,6 +9,7 @@
 #include "store/Instalacion.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
+#include "yearend/Adaptacion.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -134,6 +135,7 @@ int main(int argc, char** argv) {
     const bool si = std::any_of(valores.begin(), valores.end(),
                                 [](const auto& p) { return p.first == QLatin1String("si"); });
     DialogoConsola dialogo(si);
+    InstalarAdaptacionPlan();
     try {
         QDir().mkpath(sesion.AppPath);
         Ajustes ajustes(sesion.AppPath);

@@ -277,9 +277,10 @@ void CerrarEjercicio(Sesion& s, const Traspaso& traspaso, const ProgresoEtapa& p
         if (destinoSesion.EjCerrado)
             throw Rechazo(msgDestinoCerrado(traspaso.ano));
         destino = DestinoTraspaso{AliasDestino, &destinoSesion, traspaso.asiento, {}};
+        // Transnp.dat is read once for the whole close, not once per subaccount.
         if (TraduccionNecesaria(s.AnoActual, traspaso.ano))
-            destino->traducir = [&s](const QString& ncuenta) {
-                return TraducirCuenta(s, ncuenta);
+            destino->traducir = [registros = LeerTransnp(RutaTransnp(s))](const QString& ncuenta) {
+                return TraducirCon(registros, ncuenta);
             };
     }
     if (progreso)

@@ -1,8 +1,11 @@
 #pragma once
-// The code a subaccount takes when its balance is carried into an exercise of the 2007 chart.
-// Balances carried from an exercise before 2008 into one of 2008 or later change code where the
-// chart moved the subaccount; the opening entry then uses the new code.
+// The code a subaccount of the old chart has in the 2007 chart. The adaptation of an exercise
+// keeps, in Transnp.dat in the company folder, the subaccounts it moved (18-byte records: old
+// code, new code); what the file does not hold follows the group translation, keeping the last
+// five digits; what neither knows keeps its code. The close uses it when it carries balances into
+// an adapted exercise.
 
+#include <QList>
 #include <QString>
 
 struct Sesion;
@@ -10,10 +13,24 @@ struct Sesion;
 // Whether balances carried from anoOrigen into anoDestino change code.
 bool TraduccionNecesaria(int anoOrigen, int anoDestino);
 
-// The code in the new chart of the subaccount ncuenta of the current company (its folder holds
-// the table of subaccounts moved when the chart was adapted). A code the chart did not move comes
-// back as it is. For now no subaccount is moved: the table and the groups that change are filled
-// in by the adaptation to the new chart.
+struct RegistroTransnp {
+    QString antiguo;
+    QString nuevo;
+};
+
+constexpr int LongitudTransnp = 18;
+
+QString RutaTransnp(const Sesion& s);
+// The records of a Transnp.dat, in order; none when the file is missing.
+QList<RegistroTransnp> LeerTransnp(const QString& ruta);
+// Writes a whole Transnp.dat (beside and renamed over). Throws ErrorAlmacen on failure.
+void EscribirTransnp(const QString& ruta, const QList<RegistroTransnp>& registros);
+
+// The translation over records already read: the first record with the old code, else the
+// group translation, else the code itself.
+QString TraducirCon(const QList<RegistroTransnp>& registros, const QString& ncuenta);
+
+// The same over the company's Transnp.dat.
 QString TraducirCuenta(const Sesion& s, const QString& ncuenta);
 
 // The name of a subaccount created in the target under a translated code: its last four
