@@ -75,8 +75,7 @@ int anoDeTrabajo(ContextoCli& c, const QString& empresa) {
 }
 
 QString nombreEmpresa(const Sesion& s, const QString& empresa) {
-    const QList<RegistroSelan> selan =
-        LeerSelan(QDir(s.carpetaEmpresa(empresa)).filePath(QStringLiteral("Selan.dat")));
+    const QList<RegistroSelan> selan = EjerciciosDe(s, empresa);
     return selan.isEmpty() ? QString() : selan.last().Nombre;
 }
 

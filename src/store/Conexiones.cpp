@@ -9,7 +9,12 @@
 ModoDiario ModoDiarioEmpresas(const Sesion& s) {
     return s.esPrincipal() ? ModoDiario::WAL : ModoDiario::Rollback;
 }
+Conexion AbrirServidor(const Sesion& s, const QString& esquema, TipoBase tipo, bool crear) {
+    return Conexion(Servidor::DeUrl(s.UrlServidor), esquema, tipo, crear);
+}
 Conexion AbrirBaseEmpresa(const Sesion& s, const QString& ruta, TipoBase tipo) {
+    if (s.enServidor())
+        return AbrirServidor(s, EsquemaServidor(ruta), tipo);
     return Conexion(ruta, tipo, false, ModoDiarioEmpresas(s));
 }
 Conexion AbrirDatos(const Sesion& s) {
@@ -22,9 +27,15 @@ void AdjuntarBavar(Conexion& datos, const Sesion& s) {
     // The company file is checked as AbrirBavar checks it, so that a missing or foreign file is
     // told by its cause rather than by a failed statement later.
     { Conexion bavar = AbrirBavar(s); }
+    if (datos.enServidor()) {
+        datos.adjuntarEsquema(QStringLiteral("Bavar"), EsquemaServidor(s.rutaBavar()));
+        return;
+    }
     datos.ejecutar(QStringLiteral("ATTACH DATABASE ? AS Bavar"), {s.rutaBavar()});
 }
 Conexion AbrirAvisos(const Sesion& s) {
+    if (s.enServidor())
+        return AbrirServidor(s, EsquemaServidor(s.rutaBavis()), TipoBase::Bavis);
     return Conexion(s.rutaBavis(), TipoBase::Bavis);
 }
 Conexion AbrirVias(const Sesion& s) {

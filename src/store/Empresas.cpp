@@ -68,11 +68,12 @@ void comprobar(const Sesion& s, const DatosNuevaEmpresa& d, bool reservadoPermit
 } // namespace
 
 int UltimoEjercicio(const Sesion& s, const QString& empresa) {
-    const QString carpeta = s.carpetaEmpresa(empresa);
-    const QList<RegistroSelan> selan =
-        LeerSelan(QDir(carpeta).filePath(QStringLiteral("Selan.dat")));
+    const QList<RegistroSelan> selan = EjerciciosDe(s, empresa);
     if (!selan.isEmpty())
         return selan.last().Ano.toInt();
+    if (s.enServidor())
+        return 0;
+    const QString carpeta = s.carpetaEmpresa(empresa);
     const QList<int> anos = AnosEnCarpeta(carpeta);
     return anos.isEmpty() ? 0 : anos.last();
 }
