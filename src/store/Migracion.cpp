@@ -56,8 +56,11 @@ qint64 copiarTabla(Conexion& origen, Conexion& destino, const QString& tabla) {
         enCurso = 0;
     };
     while (q.next()) {
-        for (int i = 0; i < nombres.size(); ++i)
-            valores << q.value(i);
+        // A NULL stays NULL: the store binds a null text as '' unless it is an invalid value.
+        for (int i = 0; i < nombres.size(); ++i) {
+            const QVariant v = q.value(i);
+            valores << (v.isNull() ? QVariant() : v);
+        }
         ++n;
         if (++enCurso == FilasPorOrden)
             volcar();
