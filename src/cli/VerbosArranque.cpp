@@ -87,7 +87,7 @@ int crearEjercicio(ContextoCli& c) {
                           : anoDeTrabajo(c, empresa);
     c.sesion.EmpresaActual = empresa;
     c.sesion.AnoActual = static_cast<qint16>(desde);
-    if (!QFile::exists(c.sesion.rutaEjercicio()))
+    if (!ExisteEjercicio(c.sesion, desde))
         throw Rechazo(MsgFaltaEjercicio(c.sesion, desde));
     CargarEjercicio(c.sesion);
     CrearEjercicio(c.sesion, c.dialogo, ano, desde);
@@ -125,10 +125,11 @@ int eliminarEmpresa(ContextoCli& c) {
 int instalacion(ContextoCli& c) {
     Sesion& s = c.sesion;
     const bool principal = c.bandera(QStringLiteral("principal"));
-    const QString servidor = c.opcion(QStringLiteral("servidor"));
+    // Its own --servidor names a folder, not the database server of the global option.
+    const QString servidor = c.propia(QStringLiteral("servidor"));
     if (principal && !servidor.isEmpty())
         throw Rechazo(QStringLiteral("Indique --principal o --servidor CARPETA, no los dos."));
-    if (principal || c.tiene(QStringLiteral("servidor")))
+    if (principal || !servidor.isEmpty())
         ElegirInstalacion(s, principal,
                           servidor.isEmpty() ? QString() : QDir(servidor).absolutePath());
     else
@@ -220,7 +221,7 @@ const AltaVerbo altaInstalacion{
                     "Repara también un PLoc.dat vacío o dañado."),
      {QStringLiteral("principal")},
      instalacion,
-     {},
+     {QStringLiteral("servidor")},
      true}};
 
 const AltaVerbo altaUsuarios{

@@ -214,7 +214,11 @@ QString traducirServidor(QString sql, const QHash<QString, QString>& adjuntos) {
                                          QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression temp(QStringLiteral("\\btemp\\."),
                                          QRegularExpression::CaseInsensitiveOption);
+    // SQLite's CROSS JOIN ... ON only fixes the order of the loops; the server plans it itself.
+    static const QRegularExpression cruzada(QStringLiteral("\\bCROSS JOIN\\b"),
+                                            QRegularExpression::CaseInsensitiveOption);
     sql.replace(like, QStringLiteral("ILIKE"));
+    sql.replace(cruzada, QStringLiteral("INNER JOIN"));
     sql.replace(temp, QStringLiteral("pg_temp."));
     for (auto it = adjuntos.begin(); it != adjuntos.end(); ++it)
         sql.replace(QRegularExpression(QStringLiteral("\\b%1\\.").arg(it.key()),
@@ -412,6 +416,11 @@ QStringList Conexion::columnas(const QString& tabla) {
             r << q.value(0).toString();
     }
     return r;
+}
+
+void Conexion::prepararEscrituraLarga() {
+    if (!enServidor())
+        ejecutar(QStringLiteral("PRAGMA cache_size = -65536"));
 }
 
 QString Conexion::traducir(const QString& sql) const {

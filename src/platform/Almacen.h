@@ -77,6 +77,9 @@ public:
     bool enServidor() const { return !esquema_.isEmpty(); }
     // The schema on a server; empty on a file.
     const QString& esquema() const { return esquema_; }
+    // Before one long writing transaction (an import): on a file, a page cache big enough that
+    // the pages written don't spill to disk before the commit (64 MB); a server needs nothing.
+    void prepararEscrituraLarga();
     // The columns of a table of this database, in order, on either engine.
     QStringList columnas(const QString& tabla);
     // Server only: the tables of another schema are named "alias.Tabla" in this connection's

@@ -4,6 +4,7 @@
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
 
+#include <QFile>
 #include <cmath>
 
 ModoDiario ModoDiarioEmpresas(const Sesion& s) {
@@ -40,6 +41,14 @@ Conexion AbrirAvisos(const Sesion& s) {
 }
 Conexion AbrirVias(const Sesion& s) {
     return Conexion(s.rutaVias(), TipoBase::Vias);
+}
+
+bool ExisteEjercicio(const Sesion& s, int ano) {
+    if (!s.enServidor())
+        return QFile::exists(s.rutaEjercicio(ano));
+    Conexion c = AbrirServidor(s, QStringLiteral("public"));
+    return c.existe(QStringLiteral("SELECT 1 FROM pg_namespace WHERE nspname = ?"),
+                    {EsquemaServidor(s.rutaEjercicio(ano))});
 }
 
 QString NombreCuenta(const Sesion& s, Dialogo& dialogo, const QString& ncuenta) {

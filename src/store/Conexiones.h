@@ -32,6 +32,10 @@ Conexion AbrirBaseEmpresa(const Sesion& s, const QString& ruta, TipoBase tipo);
 Conexion AbrirServidor(const Sesion& s, const QString& esquema,
                        TipoBase tipo = TipoBase::Cualquiera, bool crear = false);
 
+// Whether the company of the session has the exercise of that year: its file, or its schema on a
+// server.
+bool ExisteEjercicio(const Sesion& s, int ano);
+
 // Trimmed name of a subaccount; empty for an empty code; a missing row says "Error en la cuenta."
 QString NombreCuenta(const Sesion& s, Dialogo& dialogo, const QString& ncuenta);
 

@@ -329,3 +329,20 @@ QStringList TablasDe(TipoBase tipo) {
     }
     return r;
 }
+
+void AjustarContadores(Conexion& c, const QString& tabla) {
+    if (!c.enServidor())
+        return;
+    QSqlQuery q = c.ejecutar(
+        QStringLiteral("SELECT column_name FROM information_schema.columns WHERE table_schema = ? "
+                       "AND table_name = ? AND column_default LIKE 'nextval(%'"),
+        {c.esquema(), tabla.toLower()});
+    QStringList columnas;
+    while (q.next())
+        columnas << q.value(0).toString();
+    for (const QString& col : columnas)
+        c.ejecutar(QStringLiteral("SELECT setval(pg_get_serial_sequence(?, ?), "
+                                  "COALESCE((SELECT MAX(\"%1\") FROM %2), 0) + 1, false)")
+                       .arg(col, tabla),
+                   {c.esquema() + QLatin1Char('.') + tabla.toLower(), col});
+}

@@ -66,18 +66,7 @@ qint64 copiarTabla(Conexion& origen, Conexion& destino, const QString& tabla) {
             volcar();
     }
     volcar();
-    QSqlQuery seriales = destino.ejecutar(
-        QStringLiteral("SELECT column_name FROM information_schema.columns WHERE table_schema = ? "
-                       "AND table_name = ? AND column_default LIKE 'nextval(%'"),
-        {destino.esquema(), tabla.toLower()});
-    QStringList columnas;
-    while (seriales.next())
-        columnas << seriales.value(0).toString();
-    for (const QString& c : columnas)
-        destino.ejecutar(QStringLiteral("SELECT setval(pg_get_serial_sequence(?, ?), "
-                                        "COALESCE((SELECT MAX(%1) FROM %2), 0) + 1, false)")
-                             .arg(comillas(c), tabla),
-                         {destino.esquema() + QLatin1Char('.') + tabla.toLower(), c});
+    AjustarContadores(destino, tabla);
     return n;
 }
 

@@ -29,8 +29,7 @@ void Entorno::enArchivos(const QString& empresa, const std::function<void()>& ha
         hacer();
         return;
     }
-    // Companies are made on files and copied over: making one on the server directly is not
-    // there yet.
+    // The demo's year of entries is written on files and copied over.
     const QString url = sesion.UrlServidor;
     sesion.UrlServidor.clear();
     try {
@@ -49,7 +48,7 @@ void Entorno::crearEmpresa(const QString& codigo, int ano, const QString& nombre
     d.Codigo = codigo;
     d.Nombre = nombre;
     d.FechaIni = QDate(ano, 1, 1);
-    enArchivos(QStringLiteral("Emp") + codigo, [&] { CrearEmpresa(sesion, *ajustes, d); });
+    CrearEmpresa(sesion, *ajustes, d);
 }
 
 void Entorno::instalarDemo() {
