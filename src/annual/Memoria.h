@@ -105,7 +105,7 @@ std::optional<QString> GenerarMemoria(const Sesion& s, Dialogo& d, bool pregunta
 // has set one, else the desktop's own for RTF files.
 inline const QString MsgSinEditor = QStringLiteral(
     "No se ha encontrado ningún programa que abra documentos RTF. Instale un procesador de textos "
-    "(LibreOffice Writer, AbiWord...) o indique el editor en la configuración.");
+    "(LibreOffice Writer, AbiWord...) o elija el programa con el que desea abrirlos.");
 QString MsgEditorNoArranca(const QString& editor);
 // `abrir` replaces the desktop's opener (tests); `arrancar` the start of a set editor.
 bool AbrirEnEditor(const QString& ruta, const Ajustes& a, Dialogo& d,
