@@ -315,7 +315,7 @@ std::optional<QString> GenerarMemoria(const Sesion& s, Dialogo& d, bool pregunta
     if (!AsegurarFormulas(s, plan, d))
         return std::nullopt;
     const QString ruta = RutaMemoria(s);
-    if (QFileInfo::exists(ruta) && !FicheroLibre(ruta)) {
+    if ((QFileInfo::exists(ruta) && !FicheroLibre(ruta)) || !FicheroLibre(RutaFormulas(s, plan))) {
         d.Informar(MsgArchivoEnUso);
         return std::nullopt;
     }

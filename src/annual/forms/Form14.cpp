@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -53,9 +54,20 @@ Form14* Form14::Abrir(Sesion& s, Ajustes& a, Dialogo& d, PlanMemoria plan, QWidg
         d.Informar(e.mensaje());
         return nullptr;
     }
-    auto* f = new Form14(s, a, d, plan, padre);
-    f->setAttribute(Qt::WA_DeleteOnClose);
+    // One window per chart: a second one would rewrite the file behind the first one's list.
+    static QPointer<Form14> abiertos[2];
+    QPointer<Form14>& f = abiertos[plan == PlanMemoria::Nuevo ? 1 : 0];
+    if (f && f->ruta_ != RutaFormulas(s, plan)) {
+        f->close(); // another company or year; deleted later
+        f = nullptr;
+    }
+    if (!f) {
+        f = new Form14(s, a, d, plan, padre);
+        f->setAttribute(Qt::WA_DeleteOnClose);
+    }
     f->show();
+    f->raise();
+    f->activateWindow();
     return f;
 }
 
