@@ -21,6 +21,7 @@
 #include "reports/forms/LienzoGrafico.h"
 #include "store/Conexiones.h"
 #include "store/Ejercicios.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 
 #include <QDir>
@@ -85,7 +86,7 @@ int ingresosGastos(ContextoCli& c) {
     const QString sector = c.opcion(QStringLiteral("sector")).trimmed();
     ComprobarSector(s, sector);
     const OpcionesLibro op = OpcionesListadoIyG(c.ajustes);
-    const QString empresa = NombreEmpresaListado(s);
+    const QString empresa = NombreEmpresa(s);
     LibroCli libro;
     std::optional<Rejilla> rejilla;
 
@@ -216,7 +217,7 @@ int compararEjercicios(ContextoCli& c) {
         sel.nombre = cg.nombre;
     }
     const OpcionesLibro op = OpcionesListadoIyG(c.ajustes);
-    const QString empresa = NombreEmpresaListado(s);
+    const QString empresa = NombreEmpresa(s);
     std::optional<Rejilla> rejilla;
     LibroCli libro;
     libro.titulo = TituloComparacion;

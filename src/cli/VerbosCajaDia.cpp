@@ -10,6 +10,7 @@
 #include "posting/CajaDia.h"
 #include "posting/ImpresionCajaDia.h"
 #include "store/Conexiones.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 
 #include <QRegularExpression>
@@ -26,8 +27,7 @@ int cajaDia(ContextoCli& c) {
     {
         Conexion con = AbrirDatos(s);
         LlenarRejillaCajaDia(LeerCajaDia(con), r);
-        empresa =
-            con.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1")).toString().trimmed();
+        empresa = NombreEmpresa(con);
     }
     LibroCli libro;
     libro.titulo = TituloCajaDia;

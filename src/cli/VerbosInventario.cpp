@@ -13,6 +13,7 @@
 #include "platform/Rejilla.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
+#include "store/NombreEmpresa.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
 
@@ -140,13 +141,7 @@ int inventario(ContextoCli& c) {
         return llenar();
     };
     libro.dibujo = [&](Impresora& imp, int copia) {
-        QString empresa;
-        {
-            Conexion con = AbrirDatos(s);
-            empresa = con.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1"))
-                          .toString()
-                          .trimmed();
-        }
+        const QString empresa = NombreEmpresa(s);
         ImpresionInventario(llenar(), empresa, op).Dibujar(imp, copia);
     };
     return SalidaLibroCli(c, libro);

@@ -9,6 +9,7 @@
 #include "platform/Errores.h"
 #include "platform/Rejilla.h"
 #include "store/Conexiones.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 #include "tax/ImpresionLibrosIva.h"
 #include "tax/LibrosIva.h"
@@ -55,13 +56,7 @@ int libroIva(ContextoCli& c, LibroIva libro) {
         return llenar();
     };
     salida.dibujo = [&](Impresora& imp, int copia) {
-        QString empresa;
-        {
-            Conexion con = AbrirDatos(s);
-            empresa = con.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1"))
-                          .toString()
-                          .trimmed();
-        }
+        const QString empresa = NombreEmpresa(s);
         ImpresionLibroIva(llenar(), sel, empresa, op).Dibujar(imp, copia);
     };
     const int r = SalidaLibroCli(c, salida);

@@ -12,6 +12,7 @@
 #include "reports/Movimientos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
+#include "store/NombreEmpresa.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
 
@@ -92,8 +93,7 @@ int mayor(ContextoCli& c) {
     {
         Conexion con = AbrirDatos(s);
         LlenarMayor(con, s, *sel, r);
-        empresa =
-            con.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1")).toString().trimmed();
+        empresa = NombreEmpresa(con);
     }
     LibroCli libro;
     libro.titulo = TituloMayor;

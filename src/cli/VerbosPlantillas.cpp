@@ -16,6 +16,7 @@
 #include "posting/Predisenados.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
+#include "store/NombreEmpresa.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
 
@@ -27,11 +28,6 @@ namespace {
 
 QString corta(const QDate& f) {
     return FormatoFecha(f, QStringLiteral("short date"));
-}
-
-QString empresa(const Sesion& s) {
-    Conexion c = AbrirDatos(s);
-    return c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1")).toString().trimmed();
 }
 
 // --hoy in place of today's date.
@@ -185,7 +181,7 @@ int periodicos(ContextoCli& c) {
     libro.rejilla = [&] {
         return r;
     };
-    libro.dibujo = DibujoListaPeriodicos(r, empresa(s), op);
+    libro.dibujo = DibujoListaPeriodicos(r, NombreEmpresa(s), op);
     return SalidaLibroCli(c, libro);
 }
 
@@ -311,7 +307,7 @@ int predisenados(ContextoCli& c) {
     libro.rejilla = [&] {
         return r;
     };
-    libro.dibujo = DibujoListaPredisenados(r, empresa(c.sesion), op);
+    libro.dibujo = DibujoListaPredisenados(r, NombreEmpresa(c.sesion), op);
     return SalidaLibroCli(c, libro);
 }
 

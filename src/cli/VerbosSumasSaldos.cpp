@@ -9,6 +9,7 @@
 #include "reports/ImpresionSumasSaldos.h"
 #include "reports/SumasSaldos.h"
 #include "store/Conexiones.h"
+#include "store/NombreEmpresa.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
 
@@ -38,13 +39,7 @@ int sumasSaldos(ContextoCli& c) {
         return llenar();
     };
     libro.dibujo = [&](Impresora& imp, int copia) {
-        QString empresa;
-        {
-            Conexion con = AbrirDatos(s);
-            empresa = con.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1"))
-                          .toString()
-                          .trimmed();
-        }
+        const QString empresa = NombreEmpresa(s);
         ImpresionSyS(llenar(), empresa, desde, hasta, op).Dibujar(imp, copia);
     };
     const int r = SalidaLibroCli(c, libro);

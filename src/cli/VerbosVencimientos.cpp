@@ -13,6 +13,7 @@
 #include "posting/Vencimientos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 
 #include <optional>
@@ -27,11 +28,6 @@ QString deLista(const QStringList& lista, const QString& opcion, const QString& 
         throw Rechazo(QStringLiteral("--%1 «%2» no es válido: elija %3.")
                           .arg(opcion, valor.trimmed(), lista.join(QStringLiteral(", "))));
     return n;
-}
-
-QString nombreEmpresa(Sesion& s) {
-    Conexion c = AbrirDatos(s);
-    return c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1")).toString().trimmed();
 }
 
 // A subaccount of the chart of the open exercise; refused when there is none.
@@ -109,7 +105,7 @@ int vencimientos(ContextoCli& c) {
         return llenar();
     };
     libro.dibujo = [&](Impresora& imp, int copia) {
-        ImpresionVenc(llenar(), nombreEmpresa(s), op).Dibujar(imp, copia);
+        ImpresionVenc(llenar(), NombreEmpresa(s), op).Dibujar(imp, copia);
     };
     const int r = SalidaLibroCli(c, libro);
     const QString formato = c.opcion(QStringLiteral("formato"), QStringLiteral("txt")).toLower();

@@ -9,6 +9,7 @@
 #include "reports/Movimientos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
+#include "store/NombreEmpresa.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
 
@@ -129,10 +130,6 @@ std::vector<SaldoSubcuenta> SaldosAntesDelCierre(Conexion& c, const QStringList&
         r.push_back(std::move(s));
     }
     return r;
-}
-
-QString NombreEmpresa(Conexion& c) {
-    return c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1")).toString().trimmed();
 }
 
 QString TituloEjercicio(Conexion& c, const Sesion& s, const EntradaGrafico& e) {

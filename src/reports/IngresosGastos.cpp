@@ -14,11 +14,6 @@
 #include <algorithm>
 #include <vector>
 
-QString NombreEmpresaListado(const Sesion& s) {
-    Conexion c = AbrirDatos(s);
-    return c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1")).toString().trimmed();
-}
-
 bool ValidarFechasIyG(const QDate& desde, const QDate& hasta, Dialogo& dialogo) {
     if (desde.isValid() && hasta.isValid() && desde <= hasta)
         return true;

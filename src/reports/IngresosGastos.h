@@ -31,9 +31,6 @@ class Rejilla;
 struct OpcionesLibro;
 struct Sesion;
 
-// The company's name, from the exercise's Empresa row: the heading of the printed lists.
-QString NombreEmpresaListado(const Sesion& s);
-
 inline const QString MsgFechasIyG =
     QStringLiteral("La fecha inicial debe ser menor o igual que la final.");
 inline const QString MsgSinRegistrosIyG = QStringLiteral("No hay registros.");

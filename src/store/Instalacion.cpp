@@ -110,5 +110,17 @@ bool PrepararInstalacion(const Sesion& s) {
         Conexion c(s.rutaVias(), TipoBase::Vias);
         CargarVias(c);
     }
+    // The models of the notes to the accounts and their formula files: each company takes its
+    // copy from here, and a user may change these for every company at once.
+    for (const char* nombre :
+         {"Memabrev.rtf", "MemabrevNP.rtf", "Fmemor.dat", "Fmemor8.dat", "Fmemor8np.dat"}) {
+        const QString destino = QDir(s.AppPath).filePath(QLatin1String(nombre));
+        if (QFile::exists(destino))
+            continue;
+        if (!QFile::copy(QStringLiteral(":/data/memoria/") + QLatin1String(nombre), destino))
+            throw ErrorAlmacen(MsgNoSeEscribe(destino));
+        QFile::setPermissions(destino, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                           QFileDevice::ReadGroup | QFileDevice::ReadOther);
+    }
     return nueva;
 }

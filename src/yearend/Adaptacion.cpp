@@ -31,7 +31,7 @@ const QString MsgYaAdaptada = QStringLiteral(
 namespace {
 
 const QString GrupoMarca = QStringLiteral("5219");
-const QString FicheroMemoria = QStringLiteral("FMemor8.dat");
+const QString FicheroMemoria = QStringLiteral("Fmemor8.dat");
 // Codes being translated in a table are first written behind this mark, so that a code moved
 // onto another that moves too is not moved twice.
 const QString Marca = QStringLiteral("~");

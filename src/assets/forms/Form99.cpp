@@ -19,6 +19,7 @@
 #include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
+#include "store/NombreEmpresa.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
 #include "store/forms/CampoTexto.h"
@@ -626,13 +627,7 @@ void Form99::Imprimir() {
     if (op.cancelado)
         return;
     try {
-        QString empresa;
-        {
-            Conexion c = AbrirDatos(s_);
-            empresa = c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1"))
-                          .toString()
-                          .trimmed();
-        }
+        const QString empresa = NombreEmpresa(s_);
         ImpresionInventario impreso(rejilla_, empresa, op);
         OpcionesImpresion o;
         o.titulo = TituloInventario;

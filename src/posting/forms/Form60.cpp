@@ -18,6 +18,7 @@
 #include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
+#include "store/NombreEmpresa.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
 
@@ -369,13 +370,7 @@ void Form60::Imprimir() {
     if (op.cancelado)
         return;
     try {
-        QString empresa;
-        {
-            Conexion c = AbrirDatos(s_);
-            empresa = c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1"))
-                          .toString()
-                          .trimmed();
-        }
+        const QString empresa = NombreEmpresa(s_);
         OpcionesImpresion o;
         o.titulo = TituloCajaDia;
         o.impresora = a_.leer(QStringLiteral("Valores"), QStringLiteral("Impresora"));

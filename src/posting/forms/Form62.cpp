@@ -10,6 +10,7 @@
 #include "posting/forms/Form63.h"
 #include "reports/forms/FormOpcionesLibro.h"
 #include "store/Conexiones.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 
 #include <QAction>
@@ -22,11 +23,6 @@
 namespace {
 
 QPointer<Form62> abierta;
-
-QString nombreEmpresa(const Sesion& s) {
-    Conexion c = AbrirDatos(s);
-    return c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1")).toString().trimmed();
-}
 
 } // namespace
 
@@ -128,7 +124,7 @@ void Form62::Imprimir() {
         OpcionesImpresion op;
         op.titulo = TituloListaPeriodicos;
         op.impresora = a_.leer(QStringLiteral("Valores"), QStringLiteral("Impresora"));
-        ImprimirLibro(this, DibujoListaPeriodicos(rejilla(), nombreEmpresa(s_), opciones_), op);
+        ImprimirLibro(this, DibujoListaPeriodicos(rejilla(), NombreEmpresa(s_), opciones_), op);
     } catch (const ErrorQuilmar&) {
         // A failed run ends without a further message.
     }

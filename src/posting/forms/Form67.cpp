@@ -13,6 +13,7 @@
 #include "posting/forms/Form76.h"
 #include "reports/forms/FormOpcionesLibro.h"
 #include "store/Conexiones.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 
 #include <QAction>
@@ -136,13 +137,7 @@ void Form67::Imprimir() {
     if (opciones_.cancelado)
         return;
     try {
-        QString empresa;
-        {
-            Conexion c = AbrirDatos(s_);
-            empresa = c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1"))
-                          .toString()
-                          .trimmed();
-        }
+        const QString empresa = NombreEmpresa(s_);
         OpcionesImpresion op;
         op.titulo = TituloListaPredisenados;
         op.impresora = a_.leer(QStringLiteral("Valores"), QStringLiteral("Impresora"));

@@ -14,6 +14,7 @@
 #include "store/Campos.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 #include "store/forms/CampoTexto.h"
 
@@ -621,13 +622,7 @@ void Form89::imprimir() {
     if (op.cancelado)
         return;
     try {
-        QString empresa;
-        {
-            Conexion c = AbrirDatos(s_);
-            empresa = c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1"))
-                          .toString()
-                          .trimmed();
-        }
+        const QString empresa = NombreEmpresa(s_);
         ImpresionVenc impreso(g_.Lista, empresa, op);
         OpcionesImpresion o;
         o.titulo = TituloVencimientos;

@@ -11,6 +11,7 @@
 #include "reports/forms/FormOpcionesLibro.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 
 #include <QAction>
@@ -115,13 +116,7 @@ void Form11::Imprimir() {
     if (opciones_.cancelado)
         return;
     try {
-        QString empresa;
-        {
-            Conexion c = AbrirDatos(s_);
-            empresa = c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1"))
-                          .toString()
-                          .trimmed();
-        }
+        const QString empresa = NombreEmpresa(s_);
         ImpresionSyS impreso(rejilla(), empresa, desde_, hasta_, opciones_);
         OpcionesImpresion op;
         op.titulo = TituloSyS;

@@ -9,6 +9,7 @@
 #include "reports/forms/SeleccionIyG.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 
 #include <QAction>
@@ -114,7 +115,7 @@ void Form13::verMovimientos(int fila) {
 
 void Form13::Imprimir() {
     try {
-        const QString empresa = NombreEmpresaListado(s_);
+        const QString empresa = NombreEmpresa(s_);
         const OpcionesLibro op = OpcionesListadoIyG(a_);
         OpcionesImpresion oi;
         oi.titulo = TituloTotalesIyG;

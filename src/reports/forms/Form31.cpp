@@ -10,6 +10,7 @@
 #include "reports/forms/SeleccionIyG.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 
 #include <QAction>
@@ -87,7 +88,7 @@ void Form31::verAsiento(int fila) {
 
 void Form31::Imprimir() {
     try {
-        const QString empresa = NombreEmpresaListado(s_);
+        const QString empresa = NombreEmpresa(s_);
         const OpcionesLibro op = OpcionesListadoIyG(a_);
         OpcionesImpresion oi;
         oi.titulo = TituloListaIyG;

@@ -10,6 +10,7 @@
 #include "reports/ImpresionIngresosGastos.h"
 #include "store/Conexiones.h"
 #include "store/Ejercicios.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 
 #include <QButtonGroup>
@@ -189,7 +190,7 @@ void Form42::Imprimir() {
     if (!sel_)
         return;
     try {
-        const QString empresa = NombreEmpresaListado(s_);
+        const QString empresa = NombreEmpresa(s_);
         const OpcionesLibro op = OpcionesListadoIyG(a_);
         OpcionesImpresion oi;
         oi.titulo = TituloComparacion;

@@ -7,6 +7,7 @@
 #include "reports/ImpresionIngresosGastos.h"
 #include "reports/forms/Form15.h"
 #include "store/Conexiones.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 
 #include <QHBoxLayout>
@@ -87,7 +88,7 @@ void Form58::Refrescar() {
 
 void Form58::Imprimir() {
     try {
-        const QString empresa = NombreEmpresaListado(s_);
+        const QString empresa = NombreEmpresa(s_);
         const OpcionesLibro op = OpcionesListadoIyG(a_);
         OpcionesImpresion oi;
         oi.titulo = TituloMesesIyG;

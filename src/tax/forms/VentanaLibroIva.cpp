@@ -9,6 +9,7 @@
 #include "reports/forms/FormOpcionesLibro.h"
 #include "store/Conexiones.h"
 #include "store/Formato.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 #include "tax/ImpresionLibrosIva.h"
 #include "tax/forms/Form25.h"
@@ -167,13 +168,7 @@ void VentanaLibroIva::Imprimir() {
         LlenarLibro();
     }
     try {
-        QString empresa;
-        {
-            Conexion c = AbrirDatos(s_);
-            empresa = c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1"))
-                          .toString()
-                          .trimmed();
-        }
+        const QString empresa = NombreEmpresa(s_);
         ImpresionLibroIva impreso(rejilla(), sel_, empresa, opciones_);
         OpcionesImpresion op;
         op.titulo = TituloLibroIva(sel_.libro);
