@@ -4,7 +4,11 @@
 #include "Entorno.h"
 #include "ServidorPruebas.h"
 #include "platform/Almacen.h"
+#include "store/Conexiones.h"
 #include "store/Esquema.h"
+
+#include <QFile>
+#include <QProcess>
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -125,4 +129,115 @@ TEST(ServidorCli, EntradaEnElServidorYDireccionesRechazadas) {
         e.dir.path(), {"--servidor", url, "--empresa", "100", "--ano", "2025", "sumas-saldos"});
     EXPECT_EQ(sinAno.codigo, 1);
     EXPECT_TRUE(sinAno.error.contains("No existe el ejercicio 2025")) << sinAno.error.toStdString();
+}
+
+namespace {
+
+// Starts quilmar-cli on the server books and kills it (SIGKILL) as soon as its writing
+// transaction holds the exercise's lock, or lets it be if it ended first: either way the books
+// must be as before or as after, never in between.
+bool MatarEscribiendo(const QString& carpeta, const QString& url, const QStringList& argumentos) {
+    QProcess p;
+    p.start(QStringLiteral(QUILMAR_CLI),
+            QStringList{"--datos", carpeta, "--servidor", url} + argumentos);
+    if (!p.waitForStarted(-1))
+        return false;
+    Conexion vigia(Servidor::DeUrl(url), QStringLiteral("public"));
+    bool matado = false;
+    while (p.state() != QProcess::NotRunning) {
+        // Only this test's database: other tests share the cluster.
+        if (vigia.existe("SELECT 1 FROM pg_locks l JOIN pg_database b ON b.oid = l.database "
+                         "WHERE l.locktype = 'advisory' AND l.granted "
+                         "AND b.datname = current_database()")) {
+            p.kill();
+            matado = true;
+            break;
+        }
+        p.waitForFinished(5);
+    }
+    p.waitForFinished(-1);
+    return matado;
+}
+
+struct Estado {
+    qint64 lineas = 0;
+    qint64 asientos = 0;
+    QStringList descuadres;
+    bool cerrado = false;
+};
+
+Estado LeerEstado(const Sesion& s) {
+    Conexion c = AbrirDatos(s);
+    Estado e;
+    e.lineas = c.escalar("SELECT COUNT(*) FROM Diario").toLongLong();
+    e.asientos = c.escalar("SELECT COUNT(DISTINCT NAs) FROM Diario").toLongLong();
+    e.cerrado = c.escalar("SELECT EjCerrado FROM Empresa").toInt() != 0;
+    QSqlQuery q = c.ejecutar(
+        "SELECT m.NCuenta FROM Mayor m LEFT JOIN (SELECT NCuenta, SUM(Debe) AS D, SUM(Haber) AS H "
+        "FROM Diario GROUP BY NCuenta) d ON d.NCuenta = m.NCuenta "
+        "WHERE ROUND(m.SaldoD - COALESCE(d.D, 0), 2) <> 0 OR ROUND(m.SaldoH - COALESCE(d.H, 0), 2) "
+        "<> 0");
+    while (q.next())
+        e.descuadres << q.value(0).toString();
+    return e;
+}
+
+} // namespace
+
+TEST(ServidorCli, MatarImportacionYCierreDejaAntesODespues) {
+    SALTAR_SIN_SERVIDOR();
+    Entorno e;
+    e.instalarDemo();
+    const QString url = ServidorPruebas::instancia().nuevaBase();
+    ASSERT_EQ(EjecutarCli(e.dir.path(), {"migrar-a-servidor", "--servidor", url, "--si"}).codigo,
+              0);
+    Sesion s = e.sesion;
+    s.UrlServidor = url;
+    const Estado antes = LeerEstado(s);
+    ASSERT_TRUE(antes.descuadres.isEmpty());
+
+    constexpr int Importados = 20000;
+    QFile csv(e.ruta("grande.csv"));
+    ASSERT_TRUE(csv.open(QIODevice::WriteOnly));
+    csv.write("NAs;NAp;Fecha;NCuenta;Concepto;Debe;Haber\n");
+    for (int n = 1; n <= Importados; ++n)
+        csv.write(QStringLiteral("%1;1;2026-03-%2;157200003;Cobro %1;%3,25;0\n"
+                                 "%1;2;2026-03-%2;443000072;Cobro %1;0;%3,25\n")
+                      .arg(n)
+                      .arg(1 + n % 28, 2, 10, QChar('0'))
+                      .arg(100 + n % 900)
+                      .toUtf8());
+    csv.close();
+    const QStringList empresa{"--empresa", "100", "--ano", "2026"};
+    MatarEscribiendo(e.dir.path(), url, empresa + QStringList{"importar", csv.fileName()});
+    const Estado trasImportar = LeerEstado(s);
+    EXPECT_TRUE(trasImportar.descuadres.isEmpty())
+        << trasImportar.descuadres.join(' ').toStdString();
+    EXPECT_TRUE(trasImportar.lineas == antes.lineas ||
+                trasImportar.lineas == antes.lineas + 2 * Importados)
+        << trasImportar.lineas;
+    EXPECT_TRUE(trasImportar.asientos == antes.asientos ||
+                trasImportar.asientos == antes.asientos + Importados);
+
+    MatarEscribiendo(e.dir.path(), url,
+                     empresa + QStringList{"cerrar-ejercicio", "--sin-traslado", "--si"});
+    const Estado trasCerrar = LeerEstado(s);
+    EXPECT_TRUE(trasCerrar.descuadres.isEmpty()) << trasCerrar.descuadres.join(' ').toStdString();
+    // Not closed and nothing added, or closed with its two entries.
+    if (trasCerrar.cerrado)
+        EXPECT_EQ(trasCerrar.asientos, trasImportar.asientos + 2);
+    else
+        EXPECT_EQ(trasCerrar.lineas, trasImportar.lineas);
+
+    // And the close that is let run does close, on the server.
+    if (!trasCerrar.cerrado) {
+        const ResultadoCli r = EjecutarCli(
+            e.dir.path(), QStringList{"--servidor", url} + empresa +
+                              QStringList{"cerrar-ejercicio", "--sin-traslado", "--si"});
+        EXPECT_EQ(r.codigo, 0) << r.error.toStdString();
+        const Estado cerrado = LeerEstado(s);
+        EXPECT_TRUE(cerrado.cerrado);
+        EXPECT_EQ(cerrado.asientos, trasImportar.asientos + 2);
+        EXPECT_TRUE(cerrado.descuadres.isEmpty());
+    }
 }
