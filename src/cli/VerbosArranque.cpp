@@ -49,7 +49,9 @@ QString empresaPedida(ContextoCli& c) {
         throw Rechazo(QStringLiteral("Indique la empresa con --empresa EmpNNN (quilmar-cli "
                                      "empresas muestra la lista)."));
     const QString empresa = carpetaEmpresa(opcion);
-    if (empresa.size() != 6 || !QDir(c.sesion.carpetaEmpresa(empresa)).exists())
+    const bool existe = c.sesion.enServidor() ? !EjerciciosDe(c.sesion, empresa).isEmpty()
+                                              : QDir(c.sesion.carpetaEmpresa(empresa)).exists();
+    if (empresa.size() != 6 || !existe)
         throw Rechazo(QStringLiteral("No existe la empresa %1.").arg(empresa));
     return empresa;
 }

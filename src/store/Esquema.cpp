@@ -237,10 +237,12 @@ const char* guionDe(TipoBase tipo) {
 
 // What the statements of the program ask of SQLite that the server does otherwise, as functions of
 // a schema of its own searched before the server's catalogue: ROUND and TOTAL as SQLite computes
-// them (half away from zero; a sum of nothing is 0), and SUBSTR counting a negative start from
-// the end.
+// them (half away from zero; a sum of nothing is 0), SUBSTR counting a negative start from the
+// end, and the NOCASE collation (ICU, comparing without regard to case).
 const char* const FuncionesServidor = R"SQL(
 CREATE SCHEMA IF NOT EXISTS quilmar;
+CREATE COLLATION IF NOT EXISTS quilmar.nocase (
+  provider = icu, locale = 'und-u-ks-level2', deterministic = false);
 CREATE OR REPLACE FUNCTION quilmar.round(double precision, integer) RETURNS double precision
   LANGUAGE sql IMMUTABLE STRICT AS 'SELECT pg_catalog.round($1::numeric, $2)::double precision';
 CREATE OR REPLACE FUNCTION quilmar.round(double precision) RETURNS double precision
