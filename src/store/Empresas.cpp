@@ -113,6 +113,9 @@ void CrearEmpresa(Sesion& s, Ajustes& a, const DatosNuevaEmpresa& d, bool reserv
         Ajustes ajustesPaso(carpeta.path());
         CrearEmpresa(paso, ajustesPaso, d, reservadoPermitido);
         MigrarEmpresaAServidor(paso, Servidor::DeUrl(s.UrlServidor), paso.EmpresaActual);
+        // The company's documents (notes, budgets, tax files) stay on this machine, in its
+        // folder as ever.
+        QDir().mkpath(s.carpetaEmpresa(paso.EmpresaActual));
         SeleccionarEmpresa(s, a, paso.EmpresaActual, d.Nombre.trimmed(), d.FechaIni.year());
         return;
     }
