@@ -73,16 +73,34 @@ DisenoLibro Diseno(Impresora& imp, const EstadoCuentas& e, const QString& empres
     dis.sumas = false;
     dis.regla.reset();
     dis.totales = PiePagina;
+
+    // Widths as the page will print them: headings bold, figures plain.
+    imp.PonerFuente(op.fuente);
+    imp.PonerTamano(op.tamano);
+    imp.PonerNegrita(true);
+    const QString tituloNotas = QStringLiteral("Notas Mem.");
+    QString titulo1 = QStringLiteral("Ejercicio %1").arg(e.ano);
+    QString titulo2 = QStringLiteral("Ejercicio %1").arg(e.ano - 1);
+    if (notas > 0) {
+        // The notes stand close to the figures: where "Ejercicio 2026" would run into
+        // "Notas Mem." the figure columns are headed by the year alone.
+        if (notas + imp.AnchoTexto(tituloNotas) + 100 > importe1 - imp.AnchoTexto(titulo1)) {
+            titulo1 = QString::number(e.ano);
+            titulo2 = QString::number(e.ano - 1);
+        }
+    }
+    imp.PonerNegrita(false);
+
     // Texts are cut where the first figure column begins.
     const double finTexto = (notas > 0 ? notas : importe1 - 1400);
     for (int i = 0; i < textos.size(); ++i)
         dis.columnas.append({i == 0 ? cabeceraLista : QString(), textos.at(i), false,
                              qMax(400.0, finTexto - textos.at(i))});
+    // Each note is cut again on its own row, short of the figure beside it (DibujarLista).
     if (notas > 0)
-        dis.columnas.append({QStringLiteral("Notas Mem."), notas, false, 1400});
-    dis.columnas.append({QStringLiteral("Ejercicio %1").arg(e.ano), importe1, true, 1400});
-    dis.columnas.append({op.anoAnterior ? QStringLiteral("Ejercicio %1").arg(e.ano - 1) : QString(),
-                         importe2, true, 1400});
+        dis.columnas.append({tituloNotas, notas, false, importe1 - notas});
+    dis.columnas.append({titulo1, importe1, true, 1400});
+    dis.columnas.append({op.anoAnterior ? titulo2 : QString(), importe2, true, 1400});
     return dis;
 }
 
@@ -97,6 +115,16 @@ void DibujarLista(ImpresionLibro& p, const EstadoCuentas& e, const Rejilla& r, b
         bool negrita = false;
         for (int c = 0; c < cols && !negrita; ++c)
             negrita = r.Negrita(f, c);
+        if (const int n = ColNotas(e.modelo); n >= 0 && !celdas.at(n).isEmpty()) {
+            // A long note stops 100 twips short of the year's figure on its row.
+            Impresora& imp = p.imp();
+            imp.PonerNegrita(negrita);
+            const int i = ColImporte(e.modelo);
+            const double hueco = p.diseno().columnas.at(i).x - imp.AnchoTexto(celdas.at(i)) - 100 -
+                                 p.diseno().columnas.at(n).x;
+            celdas[n] = imp.RecortarTexto(celdas.at(n), hueco);
+            imp.PonerNegrita(false);
+        }
         p.Fila(celdas, negrita);
         p.FinDePaginaSiToca();
     }
