@@ -81,24 +81,30 @@ DisenoLibro Diseno(Impresora& imp, const EstadoCuentas& e, const QString& empres
     const QString tituloNotas = QStringLiteral("Notas Mem.");
     QString titulo1 = QStringLiteral("Ejercicio %1").arg(e.ano);
     QString titulo2 = QStringLiteral("Ejercicio %1").arg(e.ano - 1);
+    double finNotas = 0; // the stroke between the notes and the year's figures
     if (notas > 0) {
         // The notes stand close to the figures: where "Ejercicio 2026" would run into
         // "Notas Mem." the figure columns are headed by the year alone.
-        if (notas + imp.AnchoTexto(tituloNotas) + 100 > importe1 - imp.AnchoTexto(titulo1)) {
+        const double anchoNotas = imp.AnchoTexto(tituloNotas);
+        if (notas + anchoNotas + 100 > importe1 - imp.AnchoTexto(titulo1)) {
             titulo1 = QString::number(e.ano);
             titulo2 = QString::number(e.ano - 1);
         }
+        finNotas = qMax(notas + anchoNotas + 100,
+                        (notas + anchoNotas + importe1 - imp.AnchoTexto(titulo1)) / 2);
     }
     imp.PonerNegrita(false);
 
     // Texts are cut where the first figure column begins.
     const double finTexto = (notas > 0 ? notas : importe1 - 1400);
+    // The level columns are indents of one text: one heading box over them all.
     for (int i = 0; i < textos.size(); ++i)
         dis.columnas.append({i == 0 ? cabeceraLista : QString(), textos.at(i), false,
-                             qMax(400.0, finTexto - textos.at(i))});
-    // Each note is cut again on its own row, short of the figure beside it (DibujarLista).
+                             qMax(400.0, finTexto - textos.at(i)), -1, i == 0});
+    // A note is cut at the stroke after its heading (the room of a column ends 100 twips past its
+    // stroke), and again on its own row short of the figure beside it (DibujarLista).
     if (notas > 0)
-        dis.columnas.append({tituloNotas, notas, false, importe1 - notas});
+        dis.columnas.append({tituloNotas, notas, false, finNotas + 100 - notas});
     dis.columnas.append({titulo1, importe1, true, 1400});
     dis.columnas.append({op.anoAnterior ? titulo2 : QString(), importe2, true, 1400});
     return dis;

@@ -45,6 +45,16 @@ double Derecha(const Trazo& t) {
     return t.x + t.ancho;
 }
 
+// Whether a vertical rule of the page runs through a written text.
+bool Tachado(const ImpresoraGrabadora& imp, const Trazo& texto) {
+    for (const Trazo& l : imp.trazos())
+        if (l.tipo == Trazo::Linea && l.pagina == texto.pagina && l.x == l.x2 && l.x > texto.x &&
+            l.x < texto.x + texto.ancho && qMin(l.y, l.y2) <= texto.y + 50 &&
+            qMax(l.y, l.y2) >= texto.y + 50)
+            return true;
+    return false;
+}
+
 // The writes of a page on one line, left to right.
 QList<Trazo> EnLinea(const ImpresoraGrabadora& imp, int pagina, double y) {
     QList<Trazo> r;
@@ -84,6 +94,8 @@ TEST(ImpresionEstados, OldBalanceSheetPositionsPagesAndBoldRows) {
     ASSERT_TRUE(activo);
     EXPECT_EQ(activo->pagina, 1);
     EXPECT_DOUBLE_EQ(activo->x, L);
+    // The level columns are indents under one heading: no rule of the heading box crosses it.
+    EXPECT_FALSE(Tachado(imp, *activo));
 
     const Trazo* nivel1 = imp.buscar("D) Activo circulante");
     const Trazo* nivel2 = imp.buscar("VI. Tesorería");
@@ -171,6 +183,8 @@ TEST(ImpresionEstados, PymesNotesCutsAndThePreviousYearColumn) {
     EXPECT_TRUE(cabecera1.texto.endsWith("2026"));
     EXPECT_TRUE(cabecera2.texto.endsWith("2025"));
     EXPECT_LT(notas->x + notas->ancho, cabecera1.x);
+    for (const Trazo& t : cabeceras)
+        EXPECT_FALSE(Tachado(imp, t)) << t.texto.toStdString();
     EXPECT_NEAR(Derecha(cabecera1), W - 2600, 0.01);
     EXPECT_NEAR(Derecha(cabecera2), W - 1000, 0.01);
 
