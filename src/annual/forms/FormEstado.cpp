@@ -31,8 +31,9 @@ QString NombreForm(Modelo m) {
     return QStringLiteral("Form106");
 }
 
-int NumeroForm(Modelo m) {
-    return NombreForm(m).mid(4).toInt();
+// Of the statement windows only Form81 keeps its size (WF81, HF81); the others open as designed.
+int NumeroTamano(Modelo m) {
+    return m == Modelo::Form81 ? 81 : 0;
 }
 
 bool EsBalance(Modelo m) {
@@ -43,7 +44,7 @@ bool EsBalance(Modelo m) {
 
 FormEstado::FormEstado(Sesion& s, Ajustes& a, Dialogo& d, Modelo modelo, bool desglose,
                        QWidget* padre)
-    : VentanaLibro(s, a, d, NumeroForm(modelo),
+    : VentanaLibro(s, a, d, NumeroTamano(modelo),
                    EsBalance(modelo) ? QStringLiteral("Quilmar [Balance de Situación]")
                                      : QStringLiteral("Quilmar [Pérdidas y Ganancias]"),
                    padre),

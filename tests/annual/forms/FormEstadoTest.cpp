@@ -158,6 +158,9 @@ TEST(FormEstado, NotesAreTypedKeptThroughAFillAndPrinted) {
         EXPECT_FALSE(Escribible(&viejo, 1, c)) << c;
     RotulosCaben(&viejo);
     viejo.close();
+    // Of the statement windows only Form81 keeps its size.
+    EXPECT_TRUE(e.ajustes->existe("Opciones", "WF81"));
+    EXPECT_FALSE(e.ajustes->existe("Opciones", "WF105"));
 }
 
 TEST(FormEstado, ProfitAndLossFromTheBoardAndNothingToShow) {
