@@ -39,8 +39,12 @@ QString ayudaGeneral() {
     QList<Verbo> verbos = VerbosRegistrados();
     std::sort(verbos.begin(), verbos.end(),
               [](const Verbo& a, const Verbo& b) { return a.nombre < b.nombre; });
+    // The column fits the longest name, so a name never runs into its summary.
+    qsizetype ancho = 0;
     for (const Verbo& v : verbos)
-        t += QStringLiteral("  %1%2\n").arg(v.nombre.leftJustified(22, ' '), v.resumen);
+        ancho = std::max(ancho, v.nombre.size());
+    for (const Verbo& v : verbos)
+        t += QStringLiteral("  %1%2\n").arg(v.nombre.leftJustified(ancho + 2, u' '), v.resumen);
     t += QStringLiteral("\n'quilmar-cli VERBO --help' muestra la ayuda de cada verbo.\n");
     return t;
 }

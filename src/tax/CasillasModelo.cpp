@@ -165,6 +165,19 @@ QString PeriodoDeFechas(const QDate& d1, const QDate& d2) {
     return {};
 }
 
+std::optional<FalloModelo> ComprobarPago(bool efectivo, bool adeudo, const CuentaBanco& cargo,
+                                         const Casilla& importe) {
+    if (efectivo && adeudo)
+        return FalloModelo{MsgFormaPagoDoble, QStringLiteral("Efectivo")};
+    if (adeudo && !cargo.Completa())
+        return FalloModelo{MsgCuentaIncompleta, QStringLiteral("CuentaCargo")};
+    if (!adeudo && cargo.TieneCifras())
+        return FalloModelo{MsgCuentaCargoSobra, QStringLiteral("CuentaCargo")};
+    if (importe && *importe < 0)
+        return FalloModelo{MsgIngresoNegativo, QStringLiteral("Importe")};
+    return std::nullopt;
+}
+
 bool AnoConModelo(int ano) {
     return ano == 2010 || ano == 2011;
 }

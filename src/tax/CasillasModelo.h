@@ -78,6 +78,11 @@ struct FalloModelo {
     QString campo;
 };
 
+// The last checks of the 130 and the 115, in their order: one payment mark at most, the charge
+// account complete with "Adeudo en cuenta" and empty without it, no negative payment.
+std::optional<FalloModelo> ComprobarPago(bool efectivo, bool adeudo, const CuentaBanco& cargo,
+                                         const Casilla& importe);
+
 // The years whose file layout the program carries.
 bool AnoConModelo(int ano);
 

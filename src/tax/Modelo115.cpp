@@ -94,15 +94,7 @@ std::optional<FalloModelo> Comprobar115(const Modelo115& m) {
         return fallo(MsgPositivoAIngresar, QStringLiteral("Importe"));
     if (resultado != 0 && !m.efectivo && !m.adeudo)
         return fallo(MsgSinFormaPago, QStringLiteral("Efectivo"));
-    if (m.efectivo && m.adeudo)
-        return fallo(MsgFormaPagoDoble, QStringLiteral("Efectivo"));
-    if (m.adeudo && !m.cuentaCargo.Completa())
-        return fallo(MsgCuentaIncompleta, QStringLiteral("CuentaCargo"));
-    if (!m.adeudo && m.cuentaCargo.TieneCifras())
-        return fallo(MsgCuentaCargoSobra, QStringLiteral("CuentaCargo"));
-    if (m.importe && *m.importe < 0)
-        return fallo(MsgIngresoNegativo, QStringLiteral("Importe"));
-    return std::nullopt;
+    return ComprobarPago(m.efectivo, m.adeudo, m.cuentaCargo, m.importe);
 }
 
 QByteArray Fichero115(const Modelo115& m) {

@@ -225,15 +225,7 @@ std::optional<FalloModelo> Comprobar130(const Modelo130& m) {
     if (resultado < 0 &&
         ((!m.negativa && !m.aDeducir) || (m.aDeducir && periodo == QLatin1String("4T"))))
         return fallo(MsgNegativoSinMarca, QStringLiteral("ADeducir"));
-    if (m.efectivo && m.adeudo)
-        return fallo(MsgFormaPagoDoble, QStringLiteral("Efectivo"));
-    if (m.adeudo && !m.cuentaCargo.Completa())
-        return fallo(MsgCuentaIncompleta, QStringLiteral("CuentaCargo"));
-    if (!m.adeudo && m.cuentaCargo.TieneCifras())
-        return fallo(MsgCuentaCargoSobra, QStringLiteral("CuentaCargo"));
-    if (m.importe && *m.importe < 0)
-        return fallo(MsgIngresoNegativo, QStringLiteral("Importe"));
-    return std::nullopt;
+    return ComprobarPago(m.efectivo, m.adeudo, m.cuentaCargo, m.importe);
 }
 
 QByteArray Fichero130(const Modelo130& m) {

@@ -14,7 +14,10 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPushButton>
 #include <QRegularExpressionValidator>
+#include <QScrollArea>
+#include <QVBoxLayout>
 
 CajaCasilla::CajaCasilla(const QString& nombre, bool puntoDecimal, QWidget* padre)
     : QLineEdit(padre), puntoDecimal_(puntoDecimal) {
@@ -244,6 +247,49 @@ bool PantallaModelo::Intentar(const std::function<void()>& accion) {
         d_.Informar(e.mensaje());
         return false;
     }
+}
+
+void PantallaModelo::Montar(QWidget* campos, const QList<QPushButton*>& botones, int antesDelHueco,
+                            const QSize& tamano) {
+    auto* desplazable = new QScrollArea(this);
+    desplazable->setWidgetResizable(true);
+    desplazable->setWidget(campos);
+    auto* fila = new QHBoxLayout;
+    int i = 1;
+    for (QPushButton* b : botones) {
+        b->setObjectName(QStringLiteral("Command%1").arg(i++));
+        b->setAutoDefault(false);
+        fila->addWidget(b);
+    }
+    fila->insertStretch(antesDelHueco, 1);
+    auto* columna = new QVBoxLayout(this);
+    columna->addWidget(desplazable, 1);
+    columna->addLayout(fila);
+    resize(tamano);
+    PrepararVentana(this, a_);
+}
+
+void PantallaModelo::CamposFirma(QGridLayout* g, int fila) {
+    lugar_ = NuevoTexto(QStringLiteral("Lugar"), 16);
+    dia_ = NuevasCifras(QStringLiteral("Dia"), 2);
+    mes_ = NuevoTexto(QStringLiteral("Mes"), 10, new ValidadorNombre(CampoNombre::Nombre, nullptr));
+    ano_ = NuevasCifras(QStringLiteral("Ano"), 4);
+    Fila(g, fila, 0, QStringLiteral("Lugar"), lugar_);
+    Fila(g, fila, 2, QStringLiteral("Día"), dia_);
+    Fila(g, fila + 1, 0, QStringLiteral("Mes"), mes_);
+    Fila(g, fila + 1, 2, QStringLiteral("Año"), ano_);
+}
+
+FirmaModelo PantallaModelo::Firma() const {
+    return {lugar_->text().trimmed(), dia_->text().trimmed(), mes_->text().trimmed(),
+            ano_->text().trimmed()};
+}
+
+void PantallaModelo::PonerFirma(const FirmaModelo& f) {
+    lugar_->setText(f.lugar);
+    dia_->setText(f.dia);
+    mes_->setText(f.mes);
+    ano_->setText(f.ano);
 }
 
 void Fila(QGridLayout* g, int fila, int columna, const QString& etiqueta, QWidget* campo) {

@@ -17,6 +17,7 @@
 class Ajustes;
 class Dialogo;
 class QGridLayout;
+class QPushButton;
 struct Sesion;
 
 // A box of a return: right-aligned; takes digits, a sign and the decimal mark ("." or ","
@@ -126,11 +127,21 @@ protected:
     // Runs an action that may fail in the store or the files: the message is told.
     bool Intentar(const std::function<void()>& accion);
 
+    // The window: the fields in a scrolling sheet above the row of buttons (named Command1, …),
+    // a gap after the first `antesDelHueco` of them; placed on the board and sized.
+    void Montar(QWidget* campos, const QList<QPushButton*>& botones, int antesDelHueco,
+                const QSize& tamano);
+    // "Lugar y fecha": place and day on row `fila` of g, month and year on the next one.
+    void CamposFirma(QGridLayout* g, int fila);
+    FirmaModelo Firma() const;
+    void PonerFirma(const FirmaModelo& f);
+
     Sesion& s_;
     Ajustes& a_;
     Dialogo& d_;
     // How the draft lies on the paper.
     QPageLayout::Orientation orientacion_ = QPageLayout::Portrait;
+    QLineEdit *lugar_ = nullptr, *dia_ = nullptr, *mes_ = nullptr, *ano_ = nullptr;
 };
 
 // A label and its field on one row of a grid.

@@ -3,7 +3,6 @@
 #include "platform/Almacen.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
-#include "platform/forms/Ventana.h"
 #include "store/Conexiones.h"
 
 #include <QGridLayout>
@@ -11,7 +10,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace {
@@ -35,34 +33,19 @@ Form109::Form109(Sesion& s, Ajustes& a, Dialogo& d, const Modelo303& modelo, QWi
     : PantallaModelo(s, a, d, QStringLiteral("Form109"), QStringLiteral("Quilmar [Modelo 303]"),
                      padre),
       m_(modelo), libros_(s) {
-    auto* desplazable = new QScrollArea(this);
-    desplazable->setWidgetResizable(true);
-    desplazable->setWidget(crearCampos());
-
+    QWidget* campos = crearCampos(); // first, so that the tab order starts at the fields
     Command1 = new QPushButton(QStringLiteral("&Imprimir Borrador"), this);
     Command2 = new QPushButton(QStringLiteral("Imprimir Mod. oficial"), this);
     Command3 = new QPushButton(QStringLiteral("Presentación internet"), this);
     Command4 = new QPushButton(QStringLiteral("Ay&uda"), this);
     Command5 = new QPushButton(QStringLiteral("&Salir"), this);
     Command4->setEnabled(false); // no help pages yet
-    auto* botones = new QHBoxLayout;
-    int i = 1;
-    for (QPushButton* b : {Command1, Command2, Command3, Command4, Command5}) {
-        b->setObjectName(QStringLiteral("Command%1").arg(i++));
-        b->setAutoDefault(false);
-        botones->addWidget(b);
-    }
-    botones->insertStretch(3, 1);
     connect(Command1, &QPushButton::clicked, this, &Form109::ImprimirBorrador);
     connect(Command2, &QPushButton::clicked, this, &Form109::ImprimirModOficial);
     connect(Command3, &QPushButton::clicked, this, &Form109::PresentacionInternet);
     connect(Command5, &QPushButton::clicked, this, &QDialog::close);
 
-    auto* columna = new QVBoxLayout(this);
-    columna->addWidget(desplazable, 1);
-    columna->addLayout(botones);
-    resize(900, 760);
-    PrepararVentana(this, a);
+    Montar(campos, {Command1, Command2, Command3, Command4, Command5}, 3, {900, 760});
     mostrar();
 }
 
@@ -216,16 +199,9 @@ QWidget* Form109::crearCampos() {
     auto* go = new QGridLayout(otros);
     complementaria_ = NuevaMarca(QStringLiteral("Complementaria"));
     justificante_ = NuevoTexto(QStringLiteral("Justificante"), 13);
-    lugar_ = NuevoTexto(QStringLiteral("Lugar"), 16);
-    dia_ = NuevasCifras(QStringLiteral("Dia"), 2);
-    mes_ = NuevoTexto(QStringLiteral("Mes"), 10, new ValidadorNombre(CampoNombre::Nombre, nullptr));
-    ano_ = NuevasCifras(QStringLiteral("Ano"), 4);
     Fila(go, 0, 0, QStringLiteral("Autoliquidación complementaria"), complementaria_);
     Fila(go, 0, 2, QStringLiteral("Nº justificante"), justificante_);
-    Fila(go, 1, 0, QStringLiteral("Lugar"), lugar_);
-    Fila(go, 1, 2, QStringLiteral("Día"), dia_);
-    Fila(go, 2, 0, QStringLiteral("Mes"), mes_);
-    Fila(go, 2, 2, QStringLiteral("Año"), ano_);
+    CamposFirma(go, 1);
     columna->addWidget(otros);
     columna->addStretch(1);
     return hoja;
@@ -246,8 +222,7 @@ void Form109::leerCampos() {
     m_.cuentaCargo = cargo_->cuenta();
     m_.complementaria = complementaria_->marcada();
     m_.justificante = justificante_->text().trimmed();
-    m_.firma = {lugar_->text().trimmed(), dia_->text().trimmed(), mes_->text().trimmed(),
-                ano_->text().trimmed()};
+    m_.firma = Firma();
 }
 
 void Form109::mostrar() {
@@ -271,10 +246,7 @@ void Form109::mostrar() {
     cargo_->ponerCuenta(m_.cuentaCargo);
     complementaria_->marcar(m_.complementaria);
     justificante_->setText(m_.justificante);
-    lugar_->setText(m_.firma.lugar);
-    dia_->setText(m_.firma.dia);
-    mes_->setText(m_.firma.mes);
-    ano_->setText(m_.firma.ano);
+    PonerFirma(m_.firma);
 }
 
 bool Form109::casillaEditada(int n) {

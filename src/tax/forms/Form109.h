@@ -56,5 +56,5 @@ private:
     QLineEdit *ejercicio_, *periodo_, *nif_, *apellidos_, *nombre_;
     CajaMarca *si_, *no_, *sinActividad_, *efectivo_, *adeudo_, *complementaria_;
     CajasCuenta *devolucion_, *cargo_;
-    QLineEdit *justificante_, *lugar_, *dia_, *mes_, *ano_;
+    QLineEdit* justificante_;
 };

@@ -2,14 +2,12 @@
 
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
-#include "platform/forms/Ventana.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace {
@@ -24,32 +22,17 @@ Form93::Form93(Sesion& s, Ajustes& a, Dialogo& d, const Modelo130& modelo, QWidg
     : PantallaModelo(s, a, d, QStringLiteral("Form93"), QStringLiteral("Quilmar [Modelo 130]"),
                      padre),
       m_(modelo) {
-    auto* desplazable = new QScrollArea(this);
-    desplazable->setWidgetResizable(true);
-    desplazable->setWidget(crearCampos());
-
+    QWidget* campos = crearCampos(); // first, so that the tab order starts at the fields
     Command1 = new QPushButton(QStringLiteral("&Imprimir Borrador"), this);
     Command2 = new QPushButton(QStringLiteral("Imprimir Mod. oficial"), this);
     Command3 = new QPushButton(QStringLiteral("Ay&uda"), this);
     Command4 = new QPushButton(QStringLiteral("&Salir"), this);
     Command3->setEnabled(false); // no help pages yet
-    auto* botones = new QHBoxLayout;
-    int i = 1;
-    for (QPushButton* b : {Command1, Command2, Command3, Command4}) {
-        b->setObjectName(QStringLiteral("Command%1").arg(i++));
-        b->setAutoDefault(false);
-        botones->addWidget(b);
-    }
-    botones->insertStretch(2, 1);
     connect(Command1, &QPushButton::clicked, this, &Form93::ImprimirBorrador);
     connect(Command2, &QPushButton::clicked, this, &Form93::ImprimirModOficial);
     connect(Command4, &QPushButton::clicked, this, &QDialog::close);
 
-    auto* columna = new QVBoxLayout(this);
-    columna->addWidget(desplazable, 1);
-    columna->addLayout(botones);
-    resize(820, 760);
-    PrepararVentana(this, a);
+    Montar(campos, {Command1, Command2, Command3, Command4}, 2, {820, 760});
     mostrar();
 }
 
@@ -151,15 +134,8 @@ QWidget* Form93::crearCampos() {
     auto* otros = new QGroupBox(QStringLiteral("Justificante, lugar y fecha"));
     auto* go = new QGridLayout(otros);
     justificante_ = NuevoTexto(QStringLiteral("Justificante"), 13);
-    lugar_ = NuevoTexto(QStringLiteral("Lugar"), 16);
-    dia_ = NuevasCifras(QStringLiteral("Dia"), 2);
-    mes_ = NuevoTexto(QStringLiteral("Mes"), 10, new ValidadorNombre(CampoNombre::Nombre, nullptr));
-    ano_ = NuevasCifras(QStringLiteral("Ano"), 4);
     Fila(go, 0, 0, QStringLiteral("Nº de justificante"), justificante_);
-    Fila(go, 1, 0, QStringLiteral("Lugar"), lugar_);
-    Fila(go, 1, 2, QStringLiteral("Día"), dia_);
-    Fila(go, 2, 0, QStringLiteral("Mes"), mes_);
-    Fila(go, 2, 2, QStringLiteral("Año"), ano_);
+    CamposFirma(go, 1);
     columna->addWidget(otros);
     columna->addStretch(1);
     return hoja;
@@ -178,8 +154,7 @@ void Form93::leerCampos() {
     m_.adeudo = adeudo_->marcada();
     m_.cuentaCargo = cargo_->cuenta();
     m_.justificante = justificante_->text().trimmed();
-    m_.firma = {lugar_->text().trimmed(), dia_->text().trimmed(), mes_->text().trimmed(),
-                ano_->text().trimmed()};
+    m_.firma = Firma();
 }
 
 void Form93::mostrar() {
@@ -201,10 +176,7 @@ void Form93::mostrar() {
     adeudo_->marcar(m_.adeudo);
     cargo_->ponerCuenta(m_.cuentaCargo);
     justificante_->setText(m_.justificante);
-    lugar_->setText(m_.firma.lugar);
-    dia_->setText(m_.firma.dia);
-    mes_->setText(m_.firma.mes);
-    ano_->setText(m_.firma.ano);
+    PonerFirma(m_.firma);
 }
 
 bool Form93::casillaEditada(int n) {

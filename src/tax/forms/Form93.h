@@ -45,5 +45,5 @@ private:
     QLineEdit *ejercicio_, *periodo_, *nif_, *apellidos_, *nombre_;
     CajaMarca *aDeducir_, *complementaria_, *negativa_, *efectivo_, *adeudo_;
     CajasCuenta* cargo_;
-    QLineEdit *justificante_, *lugar_, *dia_, *mes_, *ano_;
+    QLineEdit* justificante_;
 };

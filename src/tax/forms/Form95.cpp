@@ -2,46 +2,29 @@
 
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
-#include "platform/forms/Ventana.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 Form95::Form95(Sesion& s, Ajustes& a, Dialogo& d, const Modelo115& modelo, QWidget* padre)
     : PantallaModelo(s, a, d, QStringLiteral("Form95"), QStringLiteral("Quilmar [Modelo 115]"),
                      padre),
       m_(modelo) {
-    auto* desplazable = new QScrollArea(this);
-    desplazable->setWidgetResizable(true);
-    desplazable->setWidget(crearCampos());
-
+    QWidget* campos = crearCampos(); // first, so that the tab order starts at the fields
     Command1 = new QPushButton(QStringLiteral("&Imprimir Borrador"), this);
     Command2 = new QPushButton(QStringLiteral("Imprimir Mod. oficial"), this);
     Command3 = new QPushButton(QStringLiteral("Ay&uda"), this);
     Command4 = new QPushButton(QStringLiteral("&Salir"), this);
     Command3->setEnabled(false); // no help pages yet
-    auto* botones = new QHBoxLayout;
-    int i = 1;
-    for (QPushButton* b : {Command1, Command2, Command3, Command4}) {
-        b->setObjectName(QStringLiteral("Command%1").arg(i++));
-        b->setAutoDefault(false);
-        botones->addWidget(b);
-    }
-    botones->insertStretch(2, 1);
     connect(Command1, &QPushButton::clicked, this, &Form95::ImprimirBorrador);
     connect(Command2, &QPushButton::clicked, this, &Form95::ImprimirModOficial);
     connect(Command4, &QPushButton::clicked, this, &QDialog::close);
 
-    auto* columna = new QVBoxLayout(this);
-    columna->addWidget(desplazable, 1);
-    columna->addLayout(botones);
-    resize(820, 720);
-    PrepararVentana(this, a);
+    Montar(campos, {Command1, Command2, Command3, Command4}, 2, {820, 720});
     mostrar();
 }
 
@@ -142,14 +125,7 @@ QWidget* Form95::crearCampos() {
 
     auto* firma = new QGroupBox(QStringLiteral("Lugar y fecha"));
     auto* gf = new QGridLayout(firma);
-    lugar_ = NuevoTexto(QStringLiteral("Lugar"), 16);
-    dia_ = NuevasCifras(QStringLiteral("Dia"), 2);
-    mes_ = NuevoTexto(QStringLiteral("Mes"), 10, new ValidadorNombre(CampoNombre::Nombre, nullptr));
-    ano_ = NuevasCifras(QStringLiteral("Ano"), 4);
-    Fila(gf, 0, 0, QStringLiteral("Lugar"), lugar_);
-    Fila(gf, 0, 2, QStringLiteral("Día"), dia_);
-    Fila(gf, 1, 0, QStringLiteral("Mes"), mes_);
-    Fila(gf, 1, 2, QStringLiteral("Año"), ano_);
+    CamposFirma(gf, 0);
     columna->addWidget(firma);
     columna->addStretch(1);
     return hoja;
@@ -162,8 +138,7 @@ void Form95::leerCampos() {
     m_.efectivo = efectivo_->marcada();
     m_.adeudo = adeudo_->marcada();
     m_.cuentaCargo = cargo_->cuenta();
-    m_.firma = {lugar_->text().trimmed(), dia_->text().trimmed(), mes_->text().trimmed(),
-                ano_->text().trimmed()};
+    m_.firma = Firma();
 }
 
 void Form95::mostrar() {
@@ -179,10 +154,7 @@ void Form95::mostrar() {
     efectivo_->marcar(m_.efectivo);
     adeudo_->marcar(m_.adeudo);
     cargo_->ponerCuenta(m_.cuentaCargo);
-    lugar_->setText(m_.firma.lugar);
-    dia_->setText(m_.firma.dia);
-    mes_->setText(m_.firma.mes);
-    ano_->setText(m_.firma.ano);
+    PonerFirma(m_.firma);
 }
 
 bool Form95::casillaEditada(int n) {

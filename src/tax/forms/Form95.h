@@ -47,5 +47,4 @@ private:
     QList<std::pair<QLineEdit*, QString Modelo115::*>> textos_;
     CajaMarca *complementaria_, *efectivo_, *adeudo_;
     CajasCuenta* cargo_;
-    QLineEdit *lugar_, *dia_, *mes_, *ano_;
 };
