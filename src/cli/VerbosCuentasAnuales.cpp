@@ -34,9 +34,10 @@ Rejilla Unida(const EstadoCuentas& e) {
 int Estado(ContextoCli& c, TipoEstado tipo) {
     c.abrirEmpresa();
     Sesion& s = c.sesion;
-    OpcionesLibro op = OpcionesImpresionCli(c, ConfigFormOpciones(FormOpciones::Form83));
-    op.anoAnterior = c.bandera(QStringLiteral("ano-anterior"));
     const Modelo m = ModeloEstado(tipo, s.AnoActual);
+    OpcionesLibro op =
+        OpcionesImpresionCli(c, ConfigFormOpciones(FormOpciones::Form83, ModoImpresion(m)));
+    op.anoAnterior = c.bandera(QStringLiteral("ano-anterior"));
     std::optional<EstadoCuentas> estado;
     auto llenar = [&]() -> const EstadoCuentas& {
         if (!estado)
