@@ -10,6 +10,7 @@
 #include "platform/forms/VistaRejilla.h"
 #include "reports/forms/FormOpcionesLibro.h"
 #include "store/Conexiones.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 
 #include <QAction>
@@ -196,13 +197,7 @@ void FormEstado::Imprimir() {
     if (opciones_.cancelado || !estado_.hayMovimientos)
         return;
     try {
-        QString empresa;
-        {
-            Conexion c = AbrirDatos(s_);
-            empresa = c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1"))
-                          .toString()
-                          .trimmed();
-        }
+        const QString empresa = NombreEmpresa(s_);
         const EstadoCuentas estado = estado_;
         const QDate desde = s_.FechaIniEj, hasta = s_.FechaFinEj;
         const OpcionesLibro op = opciones_;
