@@ -25,6 +25,20 @@ bool ConNotas(Modelo m) {
     return m == Modelo::Form105 || m == Modelo::Form106;
 }
 
+QString ModoImpresion(Modelo m) {
+    switch (m) {
+    case Modelo::Form81:
+        return QStringLiteral("Balance");
+    case Modelo::Form105:
+        return QStringLiteral("Balance2008");
+    case Modelo::Form82:
+        return QStringLiteral("PyG");
+    case Modelo::Form106:
+        break;
+    }
+    return QStringLiteral("PyG2008");
+}
+
 int ColNotas(Modelo m) {
     return ConNotas(m) ? 4 : -1;
 }
@@ -91,6 +105,62 @@ int BuscarFila(const Rejilla& r, const QString& etiqueta, int desde) {
             if (r.Celda(f, c).trimmed() == etiqueta)
                 return f;
     return -1;
+}
+
+QString TextoNota(const QString& texto) {
+    QString t;
+    for (const QChar ch : texto)
+        t += ch.category() == QChar::Other_Control ? QChar(u' ') : ch;
+    return t.trimmed().left(LargoNota).trimmed();
+}
+
+namespace {
+
+// The key of each row of a list: the headings it stands under, its own text, and how many rows
+// above carry the same, so that a subaccount keeps its note in its line even when another line
+// with a subaccount of the same name comes or goes.
+QStringList ClavesFilas(const Rejilla& r) {
+    QStringList claves;
+    QHash<QString, int> vistas;
+    QStringList ruta(ColEstSubcuenta); // the heading in hand at each level column
+    for (int f = 0; f < r.Filas(); ++f) {
+        const auto tramo = r.Combinada(f);
+        QString propio;
+        if (tramo && tramo->desde < ColEstSubcuenta) {
+            for (int c = tramo->desde; c < ColEstSubcuenta; ++c)
+                ruta[c].clear();
+            ruta[tramo->desde] = r.Celda(f, tramo->desde).trimmed();
+        } else {
+            propio = r.Celda(f, ColEstSubcuenta).trimmed();
+        }
+        const QString base = ruta.join(u'|') + u'|' + propio;
+        claves << base + u'#' + QString::number(vistas[base]++);
+    }
+    return claves;
+}
+
+} // namespace
+
+NotasEstado NotasDeLista(const Rejilla& r, Modelo m) {
+    NotasEstado notas;
+    const int col = ColNotas(m);
+    if (col < 0 || r.Columnas() <= col)
+        return notas;
+    const QStringList claves = ClavesFilas(r);
+    for (int f = 0; f < r.Filas(); ++f)
+        if (!r.Celda(f, col).isEmpty())
+            notas.insert(claves.at(f), r.Celda(f, col));
+    return notas;
+}
+
+void PonerNotas(Rejilla& r, Modelo m, const NotasEstado& notas) {
+    const int col = ColNotas(m);
+    if (col < 0 || r.Columnas() <= col || notas.isEmpty())
+        return;
+    const QStringList claves = ClavesFilas(r);
+    for (int f = 0; f < r.Filas(); ++f)
+        if (const auto n = notas.constFind(claves.at(f)); n != notas.cend())
+            r.PonerCelda(f, col, *n);
 }
 
 namespace {

@@ -15,6 +15,7 @@
 
 #include "platform/Rejilla.h"
 
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <optional>
@@ -32,6 +33,8 @@ Modelo ModeloEstado(TipoEstado tipo, int ano);
 bool DesgloseObligado(Modelo m);
 // Has the "Notas Mem." column.
 bool ConNotas(Modelo m);
+// The mode the print options Form83 are opened with: "Balance", "Balance2008", "PyG", "PyG2008".
+QString ModoImpresion(Modelo m);
 
 inline const QString MsgSinMovimientos = QStringLiteral("No hay movimientos en el ejercicio.");
 inline const QString PreguntaDesglose =
@@ -81,6 +84,18 @@ EstadoCuentas LlenarEstado(Modelo m, int ano, const DatosEjercicio& actual,
 // The session's exercise and, when its file is in the company folder and has movement, the
 // previous one. With nothing in the exercise the user is told MsgSinMovimientos.
 EstadoCuentas CalcularEstado(const Sesion& s, Dialogo& d, Modelo m, bool desglose);
+
+// "Notas Mem.": what the user types beside a line of the PYMES layouts (the number of the note
+// to the accounts that explains it). It lives as long as the window: it is never saved.
+constexpr int LargoNota = 15;
+// A typed note as the list keeps it: trimmed, without control characters, at most LargoNota.
+QString TextoNota(const QString& texto);
+// The notes of a list by the line they stand beside (its texts, and which repetition of them),
+// so that a list laid again after entries changed keeps what was typed in it.
+using NotasEstado = QHash<QString, QString>;
+NotasEstado NotasDeLista(const Rejilla& r, Modelo m);
+// Writes the notes back beside the lines that are still there; the others are dropped.
+void PonerNotas(Rejilla& r, Modelo m, const NotasEstado& notas);
 
 // The row of a list whose text cells hold etiqueta, from fila on; -1 when none (for tests and the
 // command line).

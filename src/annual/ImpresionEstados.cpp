@@ -73,16 +73,40 @@ DisenoLibro Diseno(Impresora& imp, const EstadoCuentas& e, const QString& empres
     dis.sumas = false;
     dis.regla.reset();
     dis.totales = PiePagina;
+
+    // Widths as the page will print them: headings bold, figures plain.
+    imp.PonerFuente(op.fuente);
+    imp.PonerTamano(op.tamano);
+    imp.PonerNegrita(true);
+    const QString tituloNotas = QStringLiteral("Notas Mem.");
+    QString titulo1 = QStringLiteral("Ejercicio %1").arg(e.ano);
+    QString titulo2 = QStringLiteral("Ejercicio %1").arg(e.ano - 1);
+    double finNotas = 0; // the stroke between the notes and the year's figures
+    if (notas > 0) {
+        // The notes stand close to the figures: where "Ejercicio 2026" would run into
+        // "Notas Mem." the figure columns are headed by the year alone.
+        const double anchoNotas = imp.AnchoTexto(tituloNotas);
+        if (notas + anchoNotas + 100 > importe1 - imp.AnchoTexto(titulo1)) {
+            titulo1 = QString::number(e.ano);
+            titulo2 = QString::number(e.ano - 1);
+        }
+        finNotas = qMax(notas + anchoNotas + 100,
+                        (notas + anchoNotas + importe1 - imp.AnchoTexto(titulo1)) / 2);
+    }
+    imp.PonerNegrita(false);
+
     // Texts are cut where the first figure column begins.
     const double finTexto = (notas > 0 ? notas : importe1 - 1400);
+    // The level columns are indents of one text: one heading box over them all.
     for (int i = 0; i < textos.size(); ++i)
         dis.columnas.append({i == 0 ? cabeceraLista : QString(), textos.at(i), false,
-                             qMax(400.0, finTexto - textos.at(i))});
+                             qMax(400.0, finTexto - textos.at(i)), -1, i == 0});
+    // A note is cut at the stroke after its heading (the room of a column ends 100 twips past its
+    // stroke), and again on its own row short of the figure beside it (DibujarLista).
     if (notas > 0)
-        dis.columnas.append({QStringLiteral("Notas Mem."), notas, false, 1400});
-    dis.columnas.append({QStringLiteral("Ejercicio %1").arg(e.ano), importe1, true, 1400});
-    dis.columnas.append({op.anoAnterior ? QStringLiteral("Ejercicio %1").arg(e.ano - 1) : QString(),
-                         importe2, true, 1400});
+        dis.columnas.append({tituloNotas, notas, false, finNotas + 100 - notas});
+    dis.columnas.append({titulo1, importe1, true, 1400});
+    dis.columnas.append({op.anoAnterior ? titulo2 : QString(), importe2, true, 1400});
     return dis;
 }
 
@@ -97,6 +121,16 @@ void DibujarLista(ImpresionLibro& p, const EstadoCuentas& e, const Rejilla& r, b
         bool negrita = false;
         for (int c = 0; c < cols && !negrita; ++c)
             negrita = r.Negrita(f, c);
+        if (const int n = ColNotas(e.modelo); n >= 0 && !celdas.at(n).isEmpty()) {
+            // A long note stops 100 twips short of the year's figure on its row.
+            Impresora& imp = p.imp();
+            imp.PonerNegrita(negrita);
+            const int i = ColImporte(e.modelo);
+            const double hueco = p.diseno().columnas.at(i).x - imp.AnchoTexto(celdas.at(i)) - 100 -
+                                 p.diseno().columnas.at(n).x;
+            celdas[n] = imp.RecortarTexto(celdas.at(n), hueco);
+            imp.PonerNegrita(false);
+        }
         p.Fila(celdas, negrita);
         p.FinDePaginaSiToca();
     }

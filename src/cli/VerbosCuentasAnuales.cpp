@@ -8,6 +8,7 @@
 #include "platform/Almacen.h"
 #include "platform/Rejilla.h"
 #include "store/Conexiones.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 
 #include <optional>
@@ -34,9 +35,10 @@ Rejilla Unida(const EstadoCuentas& e) {
 int Estado(ContextoCli& c, TipoEstado tipo) {
     c.abrirEmpresa();
     Sesion& s = c.sesion;
-    OpcionesLibro op = OpcionesImpresionCli(c, ConfigFormOpciones(FormOpciones::Form83));
-    op.anoAnterior = c.bandera(QStringLiteral("ano-anterior"));
     const Modelo m = ModeloEstado(tipo, s.AnoActual);
+    OpcionesLibro op =
+        OpcionesImpresionCli(c, ConfigFormOpciones(FormOpciones::Form83, ModoImpresion(m)));
+    op.anoAnterior = c.bandera(QStringLiteral("ano-anterior"));
     std::optional<EstadoCuentas> estado;
     auto llenar = [&]() -> const EstadoCuentas& {
         if (!estado)
@@ -49,13 +51,7 @@ int Estado(ContextoCli& c, TipoEstado tipo) {
         return Unida(llenar());
     };
     libro.dibujo = [&](Impresora& imp, int) {
-        QString empresa;
-        {
-            Conexion con = AbrirDatos(s);
-            empresa = con.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1"))
-                          .toString()
-                          .trimmed();
-        }
+        const QString empresa = NombreEmpresa(s);
         DibujarEstado(imp, llenar(), empresa, s.FechaIniEj, s.FechaFinEj, op);
     };
     const int r = SalidaLibroCli(c, libro);

@@ -104,6 +104,8 @@ void ImpresionLibro::CabeceraSiToca() {
     for (int i = 1; i < cols.size(); ++i) {
         const ColumnaLibro& c = cols.at(i);
         const ColumnaLibro& a = cols.at(i - 1);
+        if (!c.raya)
+            continue;
         double x;
         if (!c.aDerecha)
             x = c.x - 100;

@@ -50,6 +50,9 @@ struct ColumnaLibro {
     bool aDerecha = false; // figures, right-aligned at x
     double ancho = 0;      // room of the column; texts are cut to ancho - 200 (0: never cut)
     int suma = -1;         // index of the running sum shown under this column, or -1
+    // A stroke ahead of it in the box of the headings; false for the indent columns of a text
+    // whose heading stands in the column before (the levels of a statement).
+    bool raya = true;
 };
 
 // A line of the foot: its words at X = 4000, bold, and its figures under the sum columns.

@@ -15,7 +15,7 @@ const QString ArialNarrow = QStringLiteral("Arial Narrow");
 
 } // namespace
 
-ConfigOpciones ConfigFormOpciones(FormOpciones form, const QString& grupoForm90) {
+ConfigOpciones ConfigFormOpciones(FormOpciones form, const QString& variante) {
     ConfigOpciones c;
     c.form = form;
     switch (form) {
@@ -43,12 +43,22 @@ ConfigOpciones ConfigFormOpciones(FormOpciones form, const QString& grupoForm90)
         break;
     case FormOpciones::Form83:
         c.nombre = QStringLiteral("Form83");
-        c.titulo = QStringLiteral("CUENTAS ANUALES");
         c.grupo = QStringLiteral("Anuales");
         c.numero = 83;
         c.fuenteSiVacia = ArialNarrow;
         c.guardaEnEmp = true;
         c.anoAnterior = true;
+        c.modo = variante;
+        if (variante == QLatin1String("Balance"))
+            c.titulo = QStringLiteral("BALANCE DE SITUACION");
+        else if (variante == QLatin1String("Balance2008"))
+            c.titulo = QStringLiteral("BALANCE DE PYMES");
+        else if (variante == QLatin1String("PyG"))
+            c.titulo = QStringLiteral("CUENTA DE PERDIDAS Y GANANCIAS");
+        else if (variante == QLatin1String("PyG2008"))
+            c.titulo = QStringLiteral("PERDIDAS Y GANANCIAS DE PYMES");
+        else
+            c.titulo = QStringLiteral("CUENTAS ANUALES");
         break;
     case FormOpciones::Form85:
         c.nombre = QStringLiteral("Form85");
@@ -69,7 +79,7 @@ ConfigOpciones ConfigFormOpciones(FormOpciones form, const QString& grupoForm90)
         break;
     case FormOpciones::FORM90: {
         c.nombre = QStringLiteral("FORM90");
-        c.grupo = grupoForm90.isEmpty() ? QStringLiteral("Venc") : grupoForm90;
+        c.grupo = variante.isEmpty() ? QStringLiteral("Venc") : variante;
         c.numero = 90;
         c.fuenteSiVacia = ArialNarrow;
         // A plain and a narrow font: the lists it prints are wide.
@@ -179,6 +189,7 @@ ResultadoOpciones AceptarOpciones(const ConfigOpciones& config, CajasOpciones& c
     op.nuevaPaginaCuenta = config.nuevaPagina && cajas.nuevaPaginaCuenta;
     op.nuevaPaginaSubcuenta = config.nuevaPagina && cajas.nuevaPaginaSubcuenta;
     op.anoAnterior = config.anoAnterior && cajas.anoAnterior;
+    op.modo = config.modo;
 
     if (guardar) {
         const QString izq = QStringLiteral("Izq") + config.grupo;

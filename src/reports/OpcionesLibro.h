@@ -51,12 +51,16 @@ struct ConfigOpciones {
     bool numeroAsiento = false; // "Imprimir Nº de Asiento"
     bool nuevaPagina = false;   // "Nueva página cada Cuenta", "Nueva página cada Subcuenta"
     bool anoAnterior = false;   // "Imprimir Año N-1"
+    // Form83: the statement it is opened for, "Balance", "Balance2008", "PyG" or "PyG2008"
+    // (the old and the PYMES layouts); its caption names that statement.
+    QString modo;
     // The fonts the font box offers; empty: every font of the system.
     QStringList fuentes;
 };
 
-// The configuration of a form. FORM90 serves four groups: "Venc", "Invent", "CDia", "Predi".
-ConfigOpciones ConfigFormOpciones(FormOpciones form, const QString& grupoForm90 = {});
+// The configuration of a form. variante: FORM90's group, one of "Venc", "Invent", "CDia",
+// "Predi"; Form83's mode, one of "Balance", "Balance2008", "PyG", "PyG2008".
+ConfigOpciones ConfigFormOpciones(FormOpciones form, const QString& variante = {});
 
 // What the boxes hold, as typed.
 struct CajasOpciones {
@@ -101,6 +105,7 @@ struct OpcionesLibro {
     bool nuevaPaginaCuenta = false;
     bool nuevaPaginaSubcuenta = false;
     bool anoAnterior = false;
+    QString modo; // Form83: the statement printed (ConfigOpciones::modo)
 };
 
 enum class ResultadoOpciones {

@@ -284,3 +284,46 @@ TEST(Estados, NothingInTheExerciseLaysNothing) {
     EXPECT_EQ(ModeloEstado(TipoEstado::PyG, 2007), Modelo::Form82);
     EXPECT_EQ(ModeloEstado(TipoEstado::PyG, 2008), Modelo::Form106);
 }
+
+TEST(Estados, TypedNotesFollowTheirLinesWhenTheListIsLaidAgain) {
+    // Two subaccounts of the same name in different lines, each with its note.
+    const SaldoEstado caja = S("570", 100, 0);
+    const SaldoEstado cliente = {QStringLiteral("143000001"), QStringLiteral("Cuenta 157000001"),
+                                 40, 0};
+    EstadoCuentas e =
+        LlenarEstado(Modelo::Form105, 2026, Datos({cliente, caja, S("100", 0, 140)}), {}, true);
+    const int col = ColNotas(e.modelo);
+    const QString efectivo = QStringLiteral("VI. Efectivo y otros activos líquidos equivalentes");
+    const int primera = BuscarFila(e.lista1, "Cuenta 157000001");
+    const int segunda = BuscarFila(e.lista1, "Cuenta 157000001", primera + 1);
+    ASSERT_GE(segunda, 0);
+    e.lista1.PonerCelda(primera, col, TextoNota(QStringLiteral("3")));
+    e.lista1.PonerCelda(segunda, col, TextoNota(QStringLiteral(" 8\t(caja)\n")));
+    e.lista1.PonerCelda(BuscarFila(e.lista1, efectivo), col,
+                        TextoNota(QStringLiteral("Nota 8 de la memoria anual")));
+    // Trimmed, control characters out, cut to the room of a note.
+    EXPECT_EQ(e.lista1.Celda(segunda, col), "8 (caja)");
+    EXPECT_EQ(e.lista1.Celda(BuscarFila(e.lista1, efectivo), col), "Nota 8 de la me");
+    const NotasEstado notas = NotasDeLista(e.lista1, e.modelo);
+    EXPECT_EQ(notas.size(), 3);
+
+    // Laid again after entries changed: a new line above (stocks), the clients' line gone. The
+    // cash subaccount, now the first of its name, keeps its own note; the clients' is dropped.
+    EstadoCuentas otraVez = LlenarEstado(Modelo::Form105, 2026,
+                                         Datos({S("300", 5, 0), caja, S("100", 0, 105)}), {}, true);
+    PonerNotas(otraVez.lista1, otraVez.modelo, notas);
+    const Rejilla& r = otraVez.lista1;
+    const int ahora = BuscarFila(r, "Cuenta 157000001");
+    ASSERT_GE(ahora, 0);
+    EXPECT_EQ(BuscarFila(r, "Cuenta 157000001", ahora + 1), -1);
+    EXPECT_EQ(r.Celda(ahora, col), "8 (caja)");
+    EXPECT_EQ(r.Celda(BuscarFila(r, efectivo), col), "Nota 8 de la me");
+    int conNota = 0;
+    for (int f = 0; f < r.Filas(); ++f)
+        conNota += r.Celda(f, col).isEmpty() ? 0 : 1;
+    EXPECT_EQ(conNota, 2);
+
+    // The old layouts have no notes column: nothing is read.
+    const EstadoCuentas viejo = LlenarEstado(Modelo::Form81, 2007, Datos({caja}), {}, true);
+    EXPECT_TRUE(NotasDeLista(viejo.lista1, viejo.modelo).isEmpty());
+}

@@ -141,6 +141,23 @@ TEST(OpcionesLibro, AnualesSeLeenDeQuilmarProYSeEscribenEnQuilmarEmp) {
     CajasOpciones vacia = Vacias();
     AceptarOpciones(config, vacia, *e.ajustes, op);
     EXPECT_EQ(e.ajustes->leerEmp(V, "NFuentAnuales", ""), "Arial Narrow");
+
+    // Each statement opens the form in its own mode: the caption names it and the run knows it.
+    const QList<QPair<QString, QString>> modos{{"Balance", "BALANCE DE SITUACION"},
+                                               {"Balance2008", "BALANCE DE PYMES"},
+                                               {"PyG", "CUENTA DE PERDIDAS Y GANANCIAS"},
+                                               {"PyG2008", "PERDIDAS Y GANANCIAS DE PYMES"}};
+    for (const auto& [modo, titulo] : modos) {
+        const ConfigOpciones m = ConfigFormOpciones(FormOpciones::Form83, modo);
+        EXPECT_EQ(m.titulo, titulo);
+        EXPECT_TRUE(m.anoAnterior && m.guardaEnEmp) << modo.toStdString();
+        CajasOpciones cm = Vacias();
+        cm.anoAnterior = true;
+        OpcionesLibro om;
+        AceptarOpciones(m, cm, *e.ajustes, om);
+        EXPECT_EQ(om.modo, modo);
+        EXPECT_TRUE(om.anoAnterior);
+    }
 }
 
 TEST(OpcionesLibro, Form52SubeElMargenYGuardaLaPaginaMenosUno) {

@@ -5,12 +5,16 @@
 #include "platform/Almacen.h"
 #include "platform/Errores.h"
 #include "platform/forms/ImprimirLibro.h"
+#include "platform/forms/ModeloRejilla.h"
+#include "platform/forms/TablaRejilla.h"
 #include "platform/forms/VistaRejilla.h"
 #include "reports/forms/FormOpcionesLibro.h"
 #include "store/Conexiones.h"
+#include "store/NombreEmpresa.h"
 #include "store/Sesion.h"
 
 #include <QAction>
+#include <QHeaderView>
 
 namespace {
 
@@ -28,8 +32,9 @@ QString NombreForm(Modelo m) {
     return QStringLiteral("Form106");
 }
 
-int NumeroForm(Modelo m) {
-    return NombreForm(m).mid(4).toInt();
+// Of the statement windows only Form81 keeps its size (WF81, HF81); the others open as designed.
+int NumeroTamano(Modelo m) {
+    return m == Modelo::Form81 ? 81 : 0;
 }
 
 bool EsBalance(Modelo m) {
@@ -40,7 +45,7 @@ bool EsBalance(Modelo m) {
 
 FormEstado::FormEstado(Sesion& s, Ajustes& a, Dialogo& d, Modelo modelo, bool desglose,
                        QWidget* padre)
-    : VentanaLibro(s, a, d, NumeroForm(modelo),
+    : VentanaLibro(s, a, d, NumeroTamano(modelo),
                    EsBalance(modelo) ? QStringLiteral("Quilmar [Balance de Situación]")
                                      : QStringLiteral("Quilmar [Pérdidas y Ganancias]"),
                    padre),
@@ -81,6 +86,11 @@ FormEstado::FormEstado(Sesion& s, Ajustes& a, Dialogo& d, Modelo modelo, bool de
     alMenu(imprimir);
     estado_.modelo = modelo;
     rejilla() = RejillaEstado(modelo, s.AnoActual, false);
+    if (ConNotas(modelo)) {
+        tabla()->ponerEscribible(ColNotas(modelo), LargoNota);
+        connect(tabla()->modelo(), &ModeloRejilla::celdaEscrita, this,
+                [this](int fila, int, const QString& texto) { EscribirNota(fila, texto); });
+    }
 }
 
 FormEstado::~FormEstado() = default;
@@ -100,20 +110,77 @@ FormEstado* FormEstado::Abrir(Sesion& s, Ajustes& a, Dialogo& d, TipoEstado tipo
 
 bool FormEstado::Llenar() {
     bool hay = false;
-    VentanaLibro::Llenar([this, &hay](const Progreso&) {
+    tabla()->terminarEdicion();
+    // What was typed beside the lines outlives the fill.
+    const NotasEstado notas1 = NotasDeLista(estado_.lista1, modelo_);
+    const NotasEstado notas2 = NotasDeLista(estado_.lista2, modelo_);
+    VentanaLibro::Llenar([&](const Progreso&) {
         estado_ = CalcularEstado(s_, d_, modelo_, desglose_);
         hay = estado_.hayMovimientos;
+        PonerNotas(estado_.lista1, modelo_, notas1);
+        PonerNotas(estado_.lista2, modelo_, notas2);
         rejilla() = lista_ == 2 && estado_.lista2.Columnas() > 0 ? estado_.lista2 : estado_.lista1;
     });
+    AjustarAnchos();
     return hay;
 }
 
 void FormEstado::MostrarLista(int lista) {
     if (lista == 2 && estado_.lista2.Columnas() == 0)
         return;
+    tabla()->terminarEdicion();
     lista_ = lista;
     rejilla() = lista == 2 ? estado_.lista2 : estado_.lista1;
     vista()->mostrar(&rejilla());
+    AjustarAnchos();
+}
+
+void FormEstado::EscribirNota(int fila, const QString& texto) {
+    const int col = ColNotas(modelo_);
+    Rejilla& lista = lista_ == 2 ? estado_.lista2 : estado_.lista1;
+    if (col < 0 || fila < 0 || fila >= lista.Filas())
+        return;
+    const QString nota = TextoNota(texto);
+    lista.PonerCelda(fila, col, nota);
+    rejilla().PonerCelda(fila, col, nota);
+}
+
+void FormEstado::AjustarAnchos() {
+    TablaRejilla* t = tabla();
+    const Rejilla& r = rejilla();
+    if (r.Columnas() <= ColEstSubcuenta)
+        return;
+    const int sangria = t->fontMetrics().horizontalAdvance(QStringLiteral("MMM"));
+    const int holgura = 2 * t->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, t) + 14;
+    const QFontMetrics cabecera = t->horizontalHeader()->fontMetrics();
+    // The first column carries the list's heading ("A C T I V O") above it.
+    int anchos[ColEstSubcuenta];
+    for (int c = ColEstNivel1; c < ColEstSubcuenta; ++c) {
+        anchos[c] = qMax(sangria, cabecera.horizontalAdvance(r.columna(c).titulo) + holgura);
+        t->setColumnWidth(c, anchos[c]);
+    }
+    QFont negrita = t->font();
+    negrita.setBold(true);
+    const QFontMetrics normal(t->font()), gruesa(negrita);
+    int ancho = cabecera.horizontalAdvance(r.columna(ColEstSubcuenta).titulo);
+    for (int f = 0; f < r.Filas(); ++f) {
+        const auto tramo = r.Combinada(f);
+        const int desde = tramo ? tramo->desde : ColEstSubcuenta;
+        const QString texto = r.Celda(f, desde);
+        if (texto.isEmpty())
+            continue;
+        int w = (r.Negrita(f, desde) ? gruesa : normal).horizontalAdvance(texto);
+        // The level columns the label spreads over already give it their width.
+        for (int c = desde; c < ColEstSubcuenta; ++c)
+            w -= anchos[c];
+        ancho = qMax(ancho, w);
+    }
+    t->setColumnWidth(ColEstSubcuenta, ancho + holgura);
+    // Room for a whole note.
+    if (const int notas = ColNotas(modelo_); notas >= 0)
+        t->setColumnWidth(notas,
+                          qMax(t->columnWidth(notas),
+                               normal.horizontalAdvance(QString(LargoNota, u'0')) + holgura));
 }
 
 void FormEstado::Refrescar() {
@@ -122,19 +189,15 @@ void FormEstado::Refrescar() {
 }
 
 void FormEstado::Imprimir() {
-    FormOpcionesLibro f(ConfigFormOpciones(FormOpciones::Form83), a_, d_, this);
+    tabla()->terminarEdicion();
+    FormOpcionesLibro f(ConfigFormOpciones(FormOpciones::Form83, ModoImpresion(modelo_)), a_, d_,
+                        this);
     f.exec();
     opciones_ = f.opciones();
     if (opciones_.cancelado || !estado_.hayMovimientos)
         return;
     try {
-        QString empresa;
-        {
-            Conexion c = AbrirDatos(s_);
-            empresa = c.escalar(QStringLiteral("SELECT Nombre FROM Empresa LIMIT 1"))
-                          .toString()
-                          .trimmed();
-        }
+        const QString empresa = NombreEmpresa(s_);
         const EstadoCuentas estado = estado_;
         const QDate desde = s_.FechaIniEj, hasta = s_.FechaFinEj;
         const OpcionesLibro op = opciones_;

@@ -8,6 +8,8 @@
 //     if (FormEstado* f = FormEstado::Abrir(s, a, d, TipoEstado::Balance, tablero))
 //         tablero->registrarLibro(f, QStringLiteral("Anuales"));
 // From 2008 Abrir asks "Desea obtener el Balance con desglose hasta las subcuentas?" first.
+// The PYMES layouts take a note typed beside any line ("Notas Mem."): it stays while the window
+// is open, through a fill again, goes into the print and the export, and is never saved.
 
 #include "annual/Estados.h"
 #include "reports/OpcionesLibro.h"
@@ -37,8 +39,14 @@ public Q_SLOTS:
     // "Command3": Form83, then the statement (preview, printer or PDF).
     void Imprimir();
     void Refrescar() override;
+    // A note typed beside row fila of the list on show ("Notas Mem.", PYMES layouts).
+    void EscribirNota(int fila, const QString& texto);
 
 private:
+    // The list on show as the window shows it: the level columns narrow, as indents, and the
+    // last text column wide enough for every label that spreads over them.
+    void AjustarAnchos();
+
     Modelo modelo_;
     bool desglose_;
     EstadoCuentas estado_;

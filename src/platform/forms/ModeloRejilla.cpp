@@ -37,6 +37,7 @@ QVariant ModeloRejilla::data(const QModelIndex& i, int rol) const {
         return {};
     switch (rol) {
     case Qt::DisplayRole:
+    case Qt::EditRole:
         return rejilla_->Celda(i.row(), i.column());
     case Qt::FontRole:
         if (rejilla_->Negrita(i.row(), i.column()))
@@ -68,4 +69,23 @@ QVariant ModeloRejilla::headerData(int seccion, Qt::Orientation orientacion, int
         return QVariant::fromValue(Qt::AlignVCenter |
                                    (rejilla_->Numerica(seccion) ? Qt::AlignRight : Qt::AlignLeft));
     return {};
+}
+
+Qt::ItemFlags ModeloRejilla::flags(const QModelIndex& i) const {
+    Qt::ItemFlags f = QAbstractTableModel::flags(i);
+    if (rejilla_ && i.isValid() && escribible(i.column())) {
+        // A cell covered by a merged text belongs to that text, not to the column.
+        const auto tramo = rejilla_->Combinada(i.row());
+        if (!tramo || i.column() < tramo->desde || i.column() > tramo->hasta)
+            f |= Qt::ItemIsEditable;
+    }
+    return f;
+}
+
+bool ModeloRejilla::setData(const QModelIndex& i, const QVariant& valor, int rol) {
+    if (rol != Qt::EditRole || !(flags(i) & Qt::ItemIsEditable))
+        return false;
+    Q_EMIT celdaEscrita(i.row(), i.column(), valor.toString());
+    Q_EMIT dataChanged(i, i);
+    return true;
 }

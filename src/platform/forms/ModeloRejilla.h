@@ -5,6 +5,10 @@
 //
 // Usage: TablaRejilla (TablaRejilla.h) makes and uses one; a window needs it directly only to
 // put the grid in another view. After the logic changes the grid, call recargar().
+//
+// Columns the user may type in (the notes of a statement) are named with ponerEscribible();
+// the model never writes the grid itself: it hands the typed text to celdaEscrita, whose
+// receiver writes it where it belongs (the grid shown, and any copy the window keeps).
 
 #include <QAbstractTableModel>
 #include <QFont>
@@ -23,14 +27,27 @@ public:
     void recargar();
     // The font of the view, made bold for bold cells.
     void ponerFuente(const QFont& fuente);
+    // A column whose cells the user may type in; none by default.
+    void ponerEscribible(int columna) {
+        if (!escribibles_.contains(columna))
+            escribibles_ << columna;
+    }
+    bool escribible(int columna) const { return escribibles_.contains(columna); }
 
     int rowCount(const QModelIndex& padre = {}) const override;
     int columnCount(const QModelIndex& padre = {}) const override;
     QVariant data(const QModelIndex& indice, int rol = Qt::DisplayRole) const override;
     QVariant headerData(int seccion, Qt::Orientation orientacion,
                         int rol = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& indice) const override;
+    bool setData(const QModelIndex& indice, const QVariant& valor, int rol = Qt::EditRole) override;
+
+Q_SIGNALS:
+    // The user typed texto into a cell of a writable column; the receiver writes it in the grid.
+    void celdaEscrita(int fila, int columna, const QString& texto);
 
 private:
     const Rejilla* rejilla_ = nullptr;
     QFont negrita_;
+    QList<int> escribibles_;
 };

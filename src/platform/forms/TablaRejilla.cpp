@@ -8,7 +8,9 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
+#include <QStyledItemDelegate>
 #include <vector>
 
 namespace {
@@ -16,6 +18,22 @@ namespace {
 // cost nothing on a large book.
 constexpr int FilasMuestra = 2000;
 constexpr int AnchoMaximo = 420;
+
+// The editor of a writable column: a line of at most largo characters.
+class EditorLinea : public QStyledItemDelegate {
+public:
+    EditorLinea(int largo, QObject* padre) : QStyledItemDelegate(padre), largo_(largo) {}
+    QWidget* createEditor(QWidget* padre, const QStyleOptionViewItem& opcion,
+                          const QModelIndex& indice) const override {
+        QWidget* w = QStyledItemDelegate::createEditor(padre, opcion, indice);
+        if (auto* linea = qobject_cast<QLineEdit*>(w))
+            linea->setMaxLength(largo_);
+        return w;
+    }
+
+private:
+    int largo_;
+};
 } // namespace
 
 TablaRejilla::TablaRejilla(QWidget* padre) : QTableView(padre), modelo_(new ModeloRejilla(this)) {
@@ -43,6 +61,22 @@ void TablaRejilla::mostrar(const Rejilla* rejilla) {
     modelo_->ponerRejilla(rejilla);
     aplicarFormaDeRejilla();
     ajustarAnchos();
+}
+
+void TablaRejilla::ponerEscribible(int columna, int largo) {
+    modelo_->ponerEscribible(columna);
+    setItemDelegateForColumn(columna, new EditorLinea(largo, this));
+    setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
+                    QAbstractItemView::AnyKeyPressed);
+}
+
+void TablaRejilla::terminarEdicion() {
+    if (state() != QAbstractItemView::EditingState)
+        return;
+    if (QWidget* editor = indexWidget(currentIndex())) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
 }
 
 void TablaRejilla::actualizar() {

@@ -11,7 +11,8 @@
 //     });
 //     LlenarDiario(rejilla_, ...);        // the logic fills the grid
 //     tabla_->mostrar(&rejilla_);         // or tabla_->actualizar() when it is already shown
-// VistaRejilla (VistaRejilla.h) adds the totals under the table.
+// VistaRejilla (VistaRejilla.h) adds the totals under the table. A column may be opened to typing
+// with ponerEscribible (the notes column of a statement).
 
 #include <QTableView>
 #include <memory>
@@ -31,6 +32,13 @@ public:
     void actualizar();
     const Rejilla* rejilla() const;
     ModeloRejilla* modelo() const { return modelo_; }
+    // Lets the user type in the cells of a column, at most largo characters (double click, F2 or
+    // just typing); what is typed comes out of modelo()->celdaEscrita. The other columns stay
+    // read-only.
+    void ponerEscribible(int columna, int largo);
+    // A cell being typed in keeps what was typed and closes, as if Enter had been pressed: for
+    // the actions (print, export, another list) that don't take the focus from the table.
+    void terminarEdicion();
 
     // The selected cells as tab-separated lines: the rows and the visible columns that hold a
     // selected cell, in order, with the unselected cells among them empty.

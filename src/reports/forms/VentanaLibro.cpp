@@ -114,6 +114,7 @@ void VentanaLibro::Llenar(const std::function<void(const Progreso&)>& llenar) {
     if (llenando_)
         return;
     llenando_ = true;
+    tabla()->terminarEdicion();
     QApplication::setOverrideCursor(Qt::WaitCursor);
     // The old rows leave the view before the grid changes under it.
     vista_->mostrar(nullptr);
@@ -150,10 +151,12 @@ void VentanaLibro::Llenar(const std::function<void(const Progreso&)>& llenar) {
 }
 
 void VentanaLibro::Exportar() {
+    tabla()->terminarEdicion();
     ExportarConDialogo(this, rejilla_, d_);
 }
 
 void VentanaLibro::Copiar() {
+    tabla()->terminarEdicion();
     tabla()->copiar();
 }
 
