@@ -22,6 +22,9 @@ Entorno::Entorno() {
         MigrarAServidor(sesion, Servidor::DeUrl(url));
         sesion.UrlServidor = url;
     }
+    // The server run never falls back to the files unnoticed.
+    if (PruebasEnServidor() && !sesion.enServidor())
+        ADD_FAILURE() << "La pasada del servidor se ejecuta sin servidor";
 }
 
 void Entorno::enArchivos(const QString& empresa, const std::function<void()>& hacer) {

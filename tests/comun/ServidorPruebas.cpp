@@ -30,10 +30,12 @@ ServidorPruebas& ServidorPruebas::instancia() {
 }
 
 ServidorPruebas::ServidorPruebas() {
-    // ctest starts one cluster for the whole run (a fixture) and names its folder; a test binary
+    // ctest starts one cluster for the whole run (a fixture) in the build folder; a test binary
     // run by hand starts its own.
-    carpeta_ = qEnvironmentVariable("QUILMAR_PRUEBAS_CLUSTER");
-    if (carpeta_.isEmpty()) {
+    carpeta_ =
+        qEnvironmentVariable("QUILMAR_PRUEBAS_CLUSTER", QStringLiteral(QUILMAR_CLUSTER_PRUEBAS));
+    if (!QFile::exists(carpeta_ + QStringLiteral("/puerto")) &&
+        !QFile::exists(carpeta_ + QStringLiteral("/motivo"))) {
         QTemporaryDir dir;
         dir.setAutoRemove(false);
         carpeta_ = dir.path();
