@@ -8,6 +8,7 @@ PAQUETES=(
   qt6-translations-l10n
   libgl-dev libxkbcommon-dev
   libsodium-dev libxlsxwriter-dev zlib1g-dev libsqlite3-dev
+  libqt6sql6-psql postgresql
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   fonts-liberation fonts-dejavu-core
   xvfb xauth x11-utils xdotool imagemagick poppler-utils unzip sqlite3

@@ -566,9 +566,8 @@ EstadoCuentas CalcularEstado(const Sesion& s, Dialogo& d, Modelo m, bool desglos
         actual = LeerDatosEstado(c);
     }
     std::optional<DatosEjercicio> anterior;
-    const QString ruta = s.rutaEjercicio(s.AnoActual - 1);
-    if (QFileInfo::exists(ruta)) {
-        Conexion c = AbrirBaseEmpresa(s, ruta, TipoBase::Ejercicio);
+    if (ExisteEjercicio(s, s.AnoActual - 1)) {
+        Conexion c = AbrirBaseEmpresa(s, s.rutaEjercicio(s.AnoActual - 1), TipoBase::Ejercicio);
         anterior = LeerDatosEstado(c);
     }
     EstadoCuentas e = LlenarEstado(m, s.AnoActual, actual, anterior, desglose);

@@ -262,7 +262,7 @@ Presupuesto LeerPresupuesto(const QString& ruta, const Sesion* s) {
     }
     if (s && !p.partidas.isEmpty()) {
         Sesion otra = *s;
-        if (p.Ano.toInt() > 0 && QFileInfo::exists(s->rutaEjercicio(p.Ano.toInt())))
+        if (p.Ano.toInt() > 0 && ExisteEjercicio(*s, p.Ano.toInt()))
             otra.AnoActual = static_cast<qint16>(p.Ano.toInt());
         Conexion c = AbrirDatos(otra);
         for (PartidaPresupuesto& q : p.partidas)
@@ -309,7 +309,7 @@ Rejilla CompararPresupuesto(const Sesion& s, const QString& ruta, const PeriodoP
 
     Sesion otra = s;
     otra.AnoActual = static_cast<qint16>(anoTexto.toInt());
-    if (otra.AnoActual <= 0 || !QFileInfo::exists(otra.rutaEjercicio()))
+    if (otra.AnoActual <= 0 || !ExisteEjercicio(otra, otra.AnoActual))
         throw ErrorAlmacen(
             QStringLiteral("No existe el ejercicio %1 de la empresa.").arg(anoTexto));
     Conexion c = AbrirDatos(otra);

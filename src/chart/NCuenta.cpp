@@ -134,7 +134,7 @@ long SiguienteSerie(Conexion& c, long ultima) {
     // candidates that no subaccount holds: one query instead of a scan per number.
     const QVariant libre = c.escalar(QStringLiteral(
         "WITH Series(n) AS (SELECT CAST(substr(trim(NCuenta), -5) AS INTEGER) FROM Cuentas) "
-        "SELECT MIN(p) FROM (SELECT 1 AS p UNION ALL SELECT n + 1 FROM Series) "
+        "SELECT MIN(p) FROM (SELECT 1 AS p UNION ALL SELECT n + 1 FROM Series) AS Candidatos "
         "WHERE p NOT IN (SELECT n FROM Series)"));
     const long n = libre.isNull() ? 1 : static_cast<long>(libre.toLongLong());
     return n <= ultima ? n : ultima + 1;

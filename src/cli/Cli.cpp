@@ -88,7 +88,8 @@ void ContextoCli::abrirEmpresa() {
     if (!empresa.startsWith(QLatin1String("Emp"), Qt::CaseInsensitive))
         empresa = QStringLiteral("Emp") + empresa;
     empresa = QStringLiteral("Emp") + empresa.mid(3);
-    if (!QDir(sesion.carpetaEmpresa(empresa)).exists())
+    const QList<RegistroSelan> ejercicios = EjerciciosDe(sesion, empresa);
+    if (sesion.enServidor() ? ejercicios.isEmpty() : !QDir(sesion.carpetaEmpresa(empresa)).exists())
         throw Rechazo(QStringLiteral("No existe la empresa %1.").arg(empresa));
     int ano = global(QStringLiteral("ano")).toInt();
     if (ano == 0 && empresa == ajustes.leer(QStringLiteral("Inicio"), QStringLiteral("Empresa")))
@@ -96,13 +97,15 @@ void ContextoCli::abrirEmpresa() {
     if (ano == 0)
         ano = UltimoEjercicio(sesion, empresa);
     QString nombre;
-    for (const RegistroSelan& r :
-         LeerSelan(QDir(sesion.carpetaEmpresa(empresa)).filePath(QStringLiteral("Selan.dat"))))
-        if (r.Ano.toInt() == ano)
+    bool anotado = false;
+    for (const RegistroSelan& r : ejercicios)
+        if (r.Ano.toInt() == ano) {
             nombre = r.Nombre;
+            anotado = true;
+        }
     sesion.EmpresaActual = empresa;
     sesion.AnoActual = static_cast<qint16>(ano);
-    if (!QFile::exists(sesion.rutaEjercicio()))
+    if (sesion.enServidor() ? !anotado : !QFile::exists(sesion.rutaEjercicio()))
         throw Rechazo(
             QStringLiteral("No existe el ejercicio %1 de la empresa %2.").arg(ano).arg(empresa));
     CargarEjercicio(sesion);

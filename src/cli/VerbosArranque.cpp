@@ -49,7 +49,9 @@ QString empresaPedida(ContextoCli& c) {
         throw Rechazo(QStringLiteral("Indique la empresa con --empresa EmpNNN (quilmar-cli "
                                      "empresas muestra la lista)."));
     const QString empresa = carpetaEmpresa(opcion);
-    if (empresa.size() != 6 || !QDir(c.sesion.carpetaEmpresa(empresa)).exists())
+    const bool existe = c.sesion.enServidor() ? !EjerciciosDe(c.sesion, empresa).isEmpty()
+                                              : QDir(c.sesion.carpetaEmpresa(empresa)).exists();
+    if (empresa.size() != 6 || !existe)
         throw Rechazo(QStringLiteral("No existe la empresa %1.").arg(empresa));
     return empresa;
 }
@@ -75,8 +77,7 @@ int anoDeTrabajo(ContextoCli& c, const QString& empresa) {
 }
 
 QString nombreEmpresa(const Sesion& s, const QString& empresa) {
-    const QList<RegistroSelan> selan =
-        LeerSelan(QDir(s.carpetaEmpresa(empresa)).filePath(QStringLiteral("Selan.dat")));
+    const QList<RegistroSelan> selan = EjerciciosDe(s, empresa);
     return selan.isEmpty() ? QString() : selan.last().Nombre;
 }
 
@@ -88,7 +89,7 @@ int crearEjercicio(ContextoCli& c) {
                           : anoDeTrabajo(c, empresa);
     c.sesion.EmpresaActual = empresa;
     c.sesion.AnoActual = static_cast<qint16>(desde);
-    if (!QFile::exists(c.sesion.rutaEjercicio()))
+    if (!ExisteEjercicio(c.sesion, desde))
         throw Rechazo(MsgFaltaEjercicio(c.sesion, desde));
     CargarEjercicio(c.sesion);
     CrearEjercicio(c.sesion, c.dialogo, ano, desde);
@@ -126,10 +127,11 @@ int eliminarEmpresa(ContextoCli& c) {
 int instalacion(ContextoCli& c) {
     Sesion& s = c.sesion;
     const bool principal = c.bandera(QStringLiteral("principal"));
-    const QString servidor = c.opcion(QStringLiteral("servidor"));
+    // Its own --servidor names a folder, not the database server of the global option.
+    const QString servidor = c.propia(QStringLiteral("servidor"));
     if (principal && !servidor.isEmpty())
         throw Rechazo(QStringLiteral("Indique --principal o --servidor CARPETA, no los dos."));
-    if (principal || c.tiene(QStringLiteral("servidor")))
+    if (principal || !servidor.isEmpty())
         ElegirInstalacion(s, principal,
                           servidor.isEmpty() ? QString() : QDir(servidor).absolutePath());
     else
@@ -221,7 +223,7 @@ const AltaVerbo altaInstalacion{
                     "Repara también un PLoc.dat vacío o dañado."),
      {QStringLiteral("principal")},
      instalacion,
-     {},
+     {QStringLiteral("servidor")},
      true}};
 
 const AltaVerbo altaUsuarios{

@@ -3,6 +3,7 @@
 #include "cli/Cli.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
+#include "store/Conexiones.h"
 #include "store/Ejercicios.h"
 #include "store/Sesion.h"
 #include "yearend/Cierre.h"
@@ -33,8 +34,8 @@ int cerrarEjercicio(ContextoCli& c) {
         if (!ok || p.ano.size() != 4)
             throw Rechazo(MsgIndiqueAno);
         // An exercise that does not exist yet is made on the spot.
-        const bool existe = ano == s.AnoActual || EjerciciosEmpresa(s).contains(ano) ||
-                            QFile::exists(s.rutaEjercicio(ano));
+        const bool existe =
+            ano == s.AnoActual || EjerciciosEmpresa(s).contains(ano) || ExisteEjercicio(s, ano);
         if (existe) {
             p.modo = PeticionCierre::Modo::Existente;
             p.asiento = c.opcion(QStringLiteral("asiento-apertura"));

@@ -2,6 +2,7 @@
 
 #include "cli/Cli.h"
 #include "platform/Ajustes.h"
+#include "platform/Almacen.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
 #include "platform/Traducciones.h"
@@ -22,15 +23,20 @@
 
 namespace {
 
-const QStringList OpcionesGlobalesConValor{"datos", "empresa", "ano", "usuario", "clave"};
+const QStringList OpcionesGlobalesConValor{"datos",   "empresa", "ano",
+                                           "usuario", "clave",   "servidor"};
 const QStringList BanderasGlobales{"si", "help"};
 
 QString ayudaGeneral() {
     QString t = QStringLiteral(
-        "Uso: quilmar-cli [--datos CARPETA] [--empresa EmpNNN --ano AAAA] [--usuario U --clave C]\n"
-        "                 [--si] VERBO [opciones]\n\n"
+        "Uso: quilmar-cli [--datos CARPETA] [--servidor URL] [--empresa EmpNNN --ano AAAA]\n"
+        "                 [--usuario U --clave C] [--si] VERBO [opciones]\n\n"
         "Opciones generales:\n"
         "  --datos CARPETA   carpeta de la instalación (por defecto ~/.local/share/Quilmar)\n"
+        "  --servidor URL    libros en un servidor PostgreSQL:\n"
+        "                    postgresql://usuario@servidor:puerto/base (la contraseña, en\n"
+        "                    .pgpass, PGPASSFILE o PGPASSWORD; por defecto el ajuste\n"
+        "                    Datos\\Servidor de la instalación)\n"
         "  --empresa EmpNNN  empresa con la que trabajar (por defecto la última elegida)\n"
         "  --ano AAAA        ejercicio (por defecto el último elegido o el más reciente)\n"
         "  --usuario, --clave  acceso cuando la instalación pide contraseña\n"
@@ -150,7 +156,18 @@ int main(int argc, char** argv) {
         // The verb that repairs PLoc.dat is the one that may run while it is damaged.
         if (!verbo->antesDeDatos)
             sesion.DataPath = CarpetaDatos(sesion);
-        PrimerArranque(sesion, ajustes);
+        // A verb that takes --servidor as its own (the migration) names a destination with it,
+        // not the books to work on.
+        QString servidor = verbo->propias.contains(QStringLiteral("servidor"))
+                               ? QString()
+                               : global(QStringLiteral("servidor"));
+        if (servidor.isEmpty() && !verbo->propias.contains(QStringLiteral("servidor")))
+            servidor = ajustes.leer(QStringLiteral("Datos"), QStringLiteral("Servidor"));
+        if (!servidor.isEmpty()) {
+            sesion.UrlServidor = Servidor::DeUrl(servidor).url();
+        } else {
+            PrimerArranque(sesion, ajustes);
+        }
         sesion.PuntoDecimal = DetectarPuntoDecimal();
 
         ContextoCli ctx(sesion, ajustes, dialogo, salida);

@@ -41,13 +41,12 @@ qint64 nuevoIdIva(Conexion& c, const QString& base, qint64 anterior) {
 
 void sumarMayor(Conexion& c, const QString& base, const QString& ncuenta, double debe,
                 double haber) {
-    c.preparada(
-        QStringLiteral("INSERT INTO ") + tabla(base, "Mayor") +
-            QStringLiteral(
-                " (NCuenta, SaldoD, SaldoH) VALUES (?, ?, ?) "
-                "ON CONFLICT(NCuenta) DO UPDATE SET SaldoD = round(SaldoD + excluded.SaldoD, 2), "
-                "SaldoH = round(SaldoH + excluded.SaldoH, 2)"),
-        {ncuenta, debe, haber});
+    c.preparada(QStringLiteral("INSERT INTO ") + tabla(base, "Mayor") +
+                    QStringLiteral(" (NCuenta, SaldoD, SaldoH) VALUES (?, ?, ?) "
+                                   "ON CONFLICT(NCuenta) DO UPDATE SET "
+                                   "SaldoD = round(Mayor.SaldoD + excluded.SaldoD, 2), "
+                                   "SaldoH = round(Mayor.SaldoH + excluded.SaldoH, 2)"),
+                {ncuenta, debe, haber});
 }
 
 void importeAdmitido(double v) {

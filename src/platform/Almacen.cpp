@@ -8,6 +8,8 @@
 #include <QSqlError>
 #include <QSqlRecord>
 #include <QStorageInfo>
+#include <QUrl>
+#include <algorithm>
 #include <atomic>
 #include <sqlite3.h>
 
@@ -161,6 +163,80 @@ QString tablaTestigo(TipoBase tipo) {
     return {};
 }
 
+// ---- Server ------------------------------------------------------------------------------
+
+const QLatin1String DriverServidor("QPSQL");
+
+QString nombreServidor(const Servidor& s) {
+    return QStringLiteral("%1 en %2:%3").arg(s.base, s.host).arg(s.puerto);
+}
+
+// A server failure told by its cause, from the SQLSTATE the driver reports.
+[[noreturn]] void lanzarFalloServidor(const QString& donde, const QSqlError& e) {
+    const QString estado = e.nativeErrorCode();
+    qWarning("PostgreSQL %s en %s: %s", qPrintable(estado), qPrintable(donde),
+             qPrintable(e.text()));
+    QString m;
+    if (estado == QLatin1String("40P01") || estado == QLatin1String("55P03") ||
+        estado == QLatin1String("40001") || estado == QLatin1String("57014"))
+        m = QStringLiteral(
+            "La base de datos está siendo utilizada por otro usuario. Inténtelo de nuevo.");
+    else if (estado == QLatin1String("53100"))
+        m = QStringLiteral("No queda espacio en el disco del servidor de bases de datos (%1). "
+                           "Avise a quien lo administra y repita la operación: lo que ya estaba "
+                           "guardado no se ha perdido.")
+                .arg(donde);
+    else if (estado == QLatin1String("42501"))
+        m = QStringLiteral("El usuario no tiene permiso para esta operación en el servidor de "
+                           "bases de datos (%1). Pida el permiso a quien lo administra.")
+                .arg(donde);
+    else if (estado.startsWith(QLatin1String("08")) || estado.startsWith(QLatin1String("57P")) ||
+             estado.isEmpty())
+        m = QStringLiteral("Se ha perdido la comunicación con el servidor de bases de datos (%1). "
+                           "Compruebe la red y que el servidor está en marcha, y repita la "
+                           "operación.")
+                .arg(donde);
+    else
+        m = QStringLiteral("Error en la base de datos %1 (código %2).").arg(donde, estado);
+    throw ErrorAlmacen(m);
+}
+
+bool esIdentificador(const QString& t) {
+    static const QRegularExpression re(QStringLiteral("^[a-z][a-z0-9_]{0,62}$"));
+    return re.match(t).hasMatch();
+}
+
+// What SQLite reads one way and the server another, for the portable statements of the program:
+// LIKE ignores case in SQLite (ASCII), "temp." is SQLite's name of the temporary schema, and an
+// adjoined schema is named by its alias as an attached file is.
+QString traducirServidor(QString sql, const QHash<QString, QString>& adjuntos) {
+    static const QRegularExpression like(QStringLiteral("\\bLIKE\\b"),
+                                         QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression temp(QStringLiteral("\\btemp\\."),
+                                         QRegularExpression::CaseInsensitiveOption);
+    // SQLite's CROSS JOIN ... ON only fixes the order of the loops; the server plans it itself.
+    static const QRegularExpression cruzada(QStringLiteral("\\bCROSS JOIN\\b"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    sql.replace(like, QStringLiteral("ILIKE"));
+    sql.replace(cruzada, QStringLiteral("INNER JOIN"));
+    sql.replace(temp, QStringLiteral("pg_temp."));
+    for (auto it = adjuntos.begin(); it != adjuntos.end(); ++it)
+        sql.replace(QRegularExpression(QStringLiteral("\\b%1\\.").arg(it.key()),
+                                       QRegularExpression::CaseInsensitiveOption),
+                    it.value() + QLatin1Char('.'));
+    return sql;
+}
+
+quint32 claveBloqueo(const QString& esquema) {
+    // A stable key per schema for the advisory lock (FNV-1a of the name).
+    quint32 h = 2166136261u;
+    for (const char c : esquema.toUtf8()) {
+        h ^= static_cast<unsigned char>(c);
+        h *= 16777619u;
+    }
+    return h;
+}
+
 } // namespace
 
 QString MsgNoSeEscribe(const QString& ruta) {
@@ -173,6 +249,182 @@ QString MsgNoSeEscribe(const QString& ruta) {
         return QStringLiteral("No se pudo escribir el archivo %1.")
             .arg(QDir::toNativeSeparators(ruta));
     }
+}
+
+// ---- Servidor ----------------------------------------------------------------------------
+
+bool EsUrlServidor(const QString& texto) {
+    const QString t = texto.trimmed();
+    return t.startsWith(QLatin1String("postgresql://"), Qt::CaseInsensitive) ||
+           t.startsWith(QLatin1String("postgres://"), Qt::CaseInsensitive);
+}
+
+Servidor Servidor::DeUrl(const QString& url) {
+    const QString forma =
+        QStringLiteral("La dirección del servidor %1 no es válida. Escríbala como "
+                       "postgresql://usuario@servidor:puerto/base.");
+    if (!EsUrlServidor(url))
+        throw Rechazo(forma.arg(url));
+    const QUrl u(url.trimmed(), QUrl::StrictMode);
+    if (!u.isValid())
+        throw Rechazo(forma.arg(url));
+    if (!u.password().isEmpty())
+        throw Rechazo(QStringLiteral(
+            "No ponga la contraseña en la dirección del servidor: quedaría guardada sin cifrar. "
+            "Póngala en el archivo .pgpass (o PGPASSFILE) o en la variable PGPASSWORD."));
+    Servidor s;
+    s.host = u.host().isEmpty() ? QStringLiteral("localhost") : u.host();
+    s.puerto = u.port(5432);
+    s.base = u.path().mid(1);
+    s.usuario = u.userName();
+    if (s.base.isEmpty() || s.base.contains(QLatin1Char('/')) || s.puerto <= 0)
+        throw Rechazo(forma.arg(url));
+    return s;
+}
+
+QString Servidor::url() const {
+    QUrl u;
+    u.setScheme(QStringLiteral("postgresql"));
+    u.setHost(host);
+    u.setPort(puerto);
+    u.setUserName(usuario);
+    u.setPath(QLatin1Char('/') + base);
+    return u.toString();
+}
+
+QString EsquemaServidor(const QString& ruta) {
+    const QFileInfo f(ruta);
+    const QString archivo = f.fileName();
+    if (archivo.compare(QLatin1String("Bavis.db"), Qt::CaseInsensitive) == 0)
+        return QStringLiteral("bavis");
+    if (archivo.compare(QLatin1String("VIAS.db"), Qt::CaseInsensitive) == 0)
+        return QStringLiteral("vias");
+    static const QRegularExpression empresa(QStringLiteral("^Emp(\\d{3})$"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression ejercicio(QStringLiteral("^Quilmar(\\d{4})\\.db$"),
+                                              QRegularExpression::CaseInsensitiveOption);
+    const auto e = empresa.match(f.dir().dirName());
+    if (!e.hasMatch())
+        return {};
+    const QString prefijo = QStringLiteral("emp") + e.captured(1);
+    if (archivo.compare(QLatin1String("Bavar.db"), Qt::CaseInsensitive) == 0)
+        return prefijo;
+    const auto a = ejercicio.match(archivo);
+    return a.hasMatch() ? prefijo + QLatin1Char('_') + a.captured(1) : QString();
+}
+
+Conexion::Conexion(const Servidor& servidor, const QString& esquema, TipoBase tipo, bool crear)
+    : nombre_(QStringLiteral("quilmar_%1").arg(contador.fetch_add(1))),
+      ruta_(QStringLiteral("%1 (%2)").arg(esquema, nombreServidor(servidor))), esquema_(esquema),
+      preparadas_(std::make_unique<QHash<QString, QSqlQuery>>()) {
+    if (!esIdentificador(esquema))
+        throw ErrorAlmacen(QStringLiteral("No se encuentra la base de datos %1.").arg(ruta_));
+    if (!QSqlDatabase::isDriverAvailable(DriverServidor))
+        throw ErrorAlmacen(QStringLiteral(
+            "Falta el controlador de PostgreSQL de Qt (paquete libqt6sql6-psql): sin él no se "
+            "puede trabajar con un servidor de bases de datos."));
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(DriverServidor, nombre_);
+        db.setHostName(servidor.host);
+        db.setPort(servidor.puerto);
+        db.setDatabaseName(servidor.base);
+        db.setUserName(servidor.usuario);
+        // No password here: libpq reads PGPASSWORD, PGPASSFILE or ~/.pgpass itself.
+        db.setConnectOptions(QStringLiteral("connect_timeout=15;application_name=quilmar"));
+        if (!db.open()) {
+            const QSqlError e = db.lastError();
+            qWarning("PostgreSQL: %s", qPrintable(e.text()));
+            db = QSqlDatabase();
+            QSqlDatabase::removeDatabase(nombre_);
+            throw ErrorAlmacen(
+                QStringLiteral("No se puede conectar con el servidor de bases de datos %1 como "
+                               "usuario %2. Compruebe que el servidor está en marcha y accesible, "
+                               "y la contraseña del archivo .pgpass (o PGPASSFILE, PGPASSWORD).")
+                    .arg(nombreServidor(servidor), servidor.usuario));
+        }
+    }
+    try {
+        // The same patience with another user's lock as the files have.
+        ejecutar(QStringLiteral("SET lock_timeout = %1").arg(EsperaOcupada));
+        // The server's notices (a schema already there) are not for the user.
+        ejecutar(QStringLiteral("SET client_min_messages = warning"));
+        if (crear)
+            ejecutar(QStringLiteral("CREATE SCHEMA IF NOT EXISTS ") + esquema_);
+        else if (!existe(QStringLiteral("SELECT 1 FROM pg_namespace WHERE nspname = ?"),
+                         {esquema_}))
+            throw ErrorAlmacen(
+                QStringLiteral("No se encuentra la base de datos %1 en el servidor %2.")
+                    .arg(esquema_, nombreServidor(servidor)));
+        // The program's helper functions (quilmar) come after the schema's own tables and before
+        // the server's catalogue, which they stand in for.
+        ejecutar(QStringLiteral("SET search_path TO %1, quilmar, pg_catalog").arg(esquema_));
+        if (!crear && tipo != TipoBase::Cualquiera)
+            comprobarTipoServidor(tipo, esquema_);
+    } catch (...) {
+        preparadas_.reset();
+        QSqlDatabase::database(nombre_, false).close();
+        QSqlDatabase::removeDatabase(nombre_);
+        throw;
+    }
+}
+
+void Conexion::comprobarTipoServidor(TipoBase tipo, const QString& esquema) {
+    if (tipo == TipoBase::Cualquiera)
+        return;
+    if (!existe(QStringLiteral("SELECT 1 FROM information_schema.tables WHERE table_schema = ? "
+                               "AND table_name = ?"),
+                {esquema, tablaTestigo(tipo).toLower()}))
+        throw ErrorAlmacen(
+            QStringLiteral("La base de datos %1 del servidor está dañada o no es de Quilmar.")
+                .arg(esquema));
+}
+
+void Conexion::adjuntarEsquema(const QString& alias, const QString& esquema) {
+    if (!enServidor() || enTransaccion() || !esIdentificador(esquema))
+        throw ErrorAlmacen(QStringLiteral("No se puede abrir la base de datos %1 junto a %2.")
+                               .arg(esquema, esquema_));
+    if (!existe(QStringLiteral("SELECT 1 FROM pg_namespace WHERE nspname = ?"), {esquema}))
+        throw ErrorAlmacen(
+            QStringLiteral("No se encuentra la base de datos %1 en el servidor.").arg(esquema));
+    adjuntos_.insert(alias, esquema);
+}
+
+void Conexion::quitarEsquema(const QString& alias) {
+    const QString prefijo = alias + QLatin1Char('.');
+    for (auto it = preparadas_->begin(); it != preparadas_->end();) {
+        it.value().finish();
+        if (it.key().contains(prefijo, Qt::CaseInsensitive))
+            it = preparadas_->erase(it);
+        else
+            ++it;
+    }
+    adjuntos_.remove(alias);
+}
+
+QStringList Conexion::columnas(const QString& tabla) {
+    QStringList r;
+    if (enServidor()) {
+        QSqlQuery q = ejecutar(
+            QStringLiteral("SELECT column_name FROM information_schema.columns WHERE "
+                           "table_schema = ? AND table_name = ? ORDER BY ordinal_position"),
+            {esquema_, tabla.toLower()});
+        while (q.next())
+            r << q.value(0).toString();
+    } else {
+        QSqlQuery q = ejecutar(QStringLiteral("SELECT name FROM pragma_table_info(?)"), {tabla});
+        while (q.next())
+            r << q.value(0).toString();
+    }
+    return r;
+}
+
+void Conexion::prepararEscrituraLarga() {
+    if (!enServidor())
+        ejecutar(QStringLiteral("PRAGMA cache_size = -65536"));
+}
+
+QString Conexion::traducir(const QString& sql) const {
+    return enServidor() ? traducirServidor(sql, adjuntos_) : sql;
 }
 
 Conexion::Conexion(const QString& ruta, TipoBase tipo, bool crear, ModoDiario modo)
@@ -275,12 +527,18 @@ void Conexion::comprobarTipo(TipoBase tipo, const QString& esquema) {
 
 void Conexion::fallo(const QSqlQuery& q) const {
     const QSqlError e = q.lastError();
+    if (enServidor())
+        lanzarFalloServidor(ruta_, e);
     lanzarFallo(ruta_, codigoDe(e, bd()), e.text());
 }
 
-QSqlQuery Conexion::ejecutar(const QString& sql, const QVariantList& valores) {
+QSqlQuery Conexion::ejecutar(const QString& texto, const QVariantList& valores) {
+    const QString sql = traducir(texto);
     QSqlQuery q(bd());
-    q.setForwardOnly(true);
+    // The server's driver reads a forward-only result row by row and then allows no other
+    // statement on the connection until it ends; the program interleaves them, so the server's
+    // results are read whole.
+    q.setForwardOnly(!enServidor());
     if (valores.isEmpty()) {
         if (!q.exec(sql))
             fallo(q);
@@ -299,8 +557,8 @@ QSqlQuery& Conexion::preparada(const QString& sql, const QVariantList& valores) 
     auto it = preparadas_->find(sql);
     if (it == preparadas_->end()) {
         QSqlQuery q(bd());
-        q.setForwardOnly(true);
-        if (!q.prepare(sql))
+        q.setForwardOnly(!enServidor());
+        if (!q.prepare(traducir(sql)))
             fallo(q);
         it = preparadas_->insert(sql, q);
     }
@@ -343,7 +601,21 @@ void Conexion::ejecutarGuion(const QString& guion) {
 }
 
 Transaccion::Transaccion(Conexion& c) : c_(c) {
-    if (c_.nivel_ == 0) {
+    if (c_.nivel_ == 0 && c_.enServidor()) {
+        QList<QString> esquemas = c_.adjuntos_.values();
+        esquemas << c_.esquema_;
+        std::sort(esquemas.begin(), esquemas.end());
+        c_.ejecutar(QStringLiteral("BEGIN"));
+        try {
+            for (const QString& e : esquemas)
+                c_.ejecutar(QStringLiteral("SELECT pg_advisory_xact_lock(?)"),
+                            {qint64(claveBloqueo(e))});
+        } catch (...) {
+            QSqlQuery q(c_.bd());
+            q.exec(QStringLiteral("ROLLBACK"));
+            throw;
+        }
+    } else if (c_.nivel_ == 0) {
         c_.ejecutar(QStringLiteral("BEGIN IMMEDIATE"));
     } else {
         punto_ = QStringLiteral("p%1").arg(++c_.puntos_);
@@ -393,6 +665,21 @@ bool esWal(const QString& modo) {
 BaseAdjunta::BaseAdjunta(Conexion& c, const QString& ruta, const QString& alias, TipoBase tipo)
     : c_(c), alias_(alias) {
     static const QRegularExpression identificador(QStringLiteral("^[A-Za-z][A-Za-z0-9_]*$"));
+    if (c.enServidor()) {
+        // Two schemas of one server database already commit together.
+        const QString esquema = EsquemaServidor(ruta);
+        if (!identificador.match(alias).hasMatch())
+            throw ErrorAlmacen(QStringLiteral("No se puede abrir la base de datos %1 junto a %2.")
+                                   .arg(nombreVisible(ruta), c.esquema()));
+        c.adjuntarEsquema(alias, esquema);
+        try {
+            c.comprobarTipoServidor(tipo, esquema);
+        } catch (...) {
+            c.quitarEsquema(alias);
+            throw;
+        }
+        return;
+    }
     if (!identificador.match(alias).hasMatch() || c.enTransaccion())
         throw ErrorAlmacen(QStringLiteral("No se puede abrir la base de datos %1 junto a %2.")
                                .arg(nombreVisible(ruta), nombreVisible(c.ruta())));
@@ -425,6 +712,10 @@ BaseAdjunta::~BaseAdjunta() {
 }
 
 void BaseAdjunta::restaurar() noexcept {
+    if (c_.enServidor()) {
+        c_.quitarEsquema(alias_);
+        return;
+    }
     // Statements kept for the alias would outlive its tables.
     const QString prefijo = alias_ + QLatin1Char('.');
     for (auto it = c_.preparadas_->begin(); it != c_.preparadas_->end();) {
@@ -447,6 +738,10 @@ void BaseAdjunta::restaurar() noexcept {
 // ---- Lector ------------------------------------------------------------------------------
 
 Lector::Lector(Conexion& c, const QString& sql, const QVariantList& valores) : ruta_(c.ruta()) {
+    if (c.enServidor()) {
+        q_ = std::make_unique<QSqlQuery>(c.ejecutar(sql, valores));
+        return;
+    }
     bd_ = manejador(c.bd());
     if (!bd_)
         lanzarFallo(ruta_, SQLITE_MISUSE, QStringLiteral("conexión no válida"));
@@ -489,6 +784,14 @@ Lector::~Lector() {
 }
 
 bool Lector::siguiente() {
+    if (q_) {
+        textos_.clear();
+        if (q_->next())
+            return true;
+        if (q_->lastError().isValid())
+            lanzarFalloServidor(ruta_, q_->lastError());
+        return false;
+    }
     const int r = sqlite3_step(st_);
     if (r == SQLITE_ROW)
         return true;
@@ -498,10 +801,14 @@ bool Lector::siguiente() {
 }
 
 qint64 Lector::entero(int columna) const {
+    if (q_)
+        return q_->value(columna).toLongLong();
     return sqlite3_column_int64(st_, columna);
 }
 
 double Lector::real(int columna) const {
+    if (q_)
+        return q_->value(columna).toDouble();
     return sqlite3_column_double(st_, columna);
 }
 
@@ -511,6 +818,15 @@ QString Lector::texto(int columna) const {
 }
 
 QStringView Lector::vista(int columna) const {
+    if (q_) {
+        const QVariant v = q_->value(columna);
+        if (v.isNull())
+            return {};
+        auto it = textos_.find(columna);
+        if (it == textos_.end())
+            it = textos_.insert(columna, v.toString());
+        return it.value();
+    }
     const auto* datos = static_cast<const char16_t*>(sqlite3_column_text16(st_, columna));
     if (!datos)
         return {};

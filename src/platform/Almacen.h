@@ -3,6 +3,10 @@
 // a busy timeout, and transactions that take the write lock at once. Every failure is told in
 // Spanish by its cause (no space, no permission, in use, damaged); the engine's own text never
 // leaves this layer.
+//
+// The same classes also reach a PostgreSQL server: each database of the files becomes a schema of
+// one server database, named from the company code and year (EsquemaServidor). What only SQLite
+// understands stays here, with its server equivalent beside it.
 
 #include "platform/Errores.h"
 
@@ -10,6 +14,7 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <memory>
 
@@ -23,11 +28,35 @@ enum class TipoBase { Ejercicio, Bavar, Bavis, Vias, Cualquiera };
 // action confirmed to the user survives a power cut.
 enum class ModoDiario { WAL, Rollback };
 
+// A PostgreSQL server and database, given as postgresql://usuario@host:puerto/base. The password
+// is never part of it: libpq finds it in PGPASSWORD, the file PGPASSFILE or ~/.pgpass.
+struct Servidor {
+    QString host;
+    int puerto = 5432;
+    QString base;
+    QString usuario;
+
+    bool vacio() const { return base.isEmpty(); }
+    QString url() const;
+    // Throws Rechazo with the reason when the address is not one we can use (a password in it
+    // included: it would be kept in clear).
+    static Servidor DeUrl(const QString& url);
+};
+bool EsUrlServidor(const QString& texto);
+
+// The schema that holds, on a server, what the file at ruta holds on disk: "emp001_2026" for
+// .../Emp001/Quilmar2026.db, "emp001" for .../Emp001/Bavar.db, "bavis" and "vias" for the
+// installation's own. Empty for a file of no such name.
+QString EsquemaServidor(const QString& ruta);
+
 class Conexion {
 public:
     // Opens an existing database. With crear, a missing file is created (empty).
     explicit Conexion(const QString& ruta, TipoBase tipo = TipoBase::Cualquiera, bool crear = false,
                       ModoDiario modo = ModoDiario::WAL);
+    // Opens a schema of a server database; with crear a missing schema is made (empty).
+    Conexion(const Servidor& servidor, const QString& esquema, TipoBase tipo = TipoBase::Cualquiera,
+             bool crear = false);
     ~Conexion();
     Conexion(const Conexion&) = delete;
     Conexion& operator=(const Conexion&) = delete;
@@ -45,16 +74,34 @@ public:
     QString ruta() const { return ruta_; }
     QSqlDatabase bd() const { return QSqlDatabase::database(nombre_, false); }
     bool enTransaccion() const { return nivel_ > 0; }
+    bool enServidor() const { return !esquema_.isEmpty(); }
+    // The schema on a server; empty on a file.
+    const QString& esquema() const { return esquema_; }
+    // Before one long writing transaction (an import): on a file, a page cache big enough that
+    // the pages written don't spill to disk before the commit (64 MB); a server needs nothing.
+    void prepararEscrituraLarga();
+    // The columns of a table of this database, in order, on either engine.
+    QStringList columnas(const QString& tabla);
+    // Server only: the tables of another schema are named "alias.Tabla" in this connection's
+    // statements, as an attached file's are. Call it before any transaction.
+    void adjuntarEsquema(const QString& alias, const QString& esquema);
+    void quitarEsquema(const QString& alias);
 
 private:
     friend class Transaccion;
     friend class BaseAdjunta;
+    friend class Lector;
     void comprobarTipo(TipoBase tipo, const QString& esquema = QStringLiteral("main"));
+    void comprobarTipoServidor(TipoBase tipo, const QString& esquema);
     void ponerDiario(ModoDiario modo);
+    // The statement as the engine must read it.
+    QString traducir(const QString& sql) const;
     [[noreturn]] void fallo(const QSqlQuery& q) const;
 
     QString nombre_;
     QString ruta_;
+    QString esquema_;
+    QHash<QString, QString> adjuntos_; // alias -> schema, on a server
     int nivel_ = 0;
     int puntos_ = 0;
     std::unique_ptr<QHash<QString, QSqlQuery>> preparadas_;
@@ -89,11 +136,18 @@ private:
     QString ruta_;
     sqlite3* bd_ = nullptr;
     sqlite3_stmt* st_ = nullptr;
+    // On a server the rows come through Qt's driver; texts are kept until the next row so that
+    // vista() can hand out a view.
+    std::unique_ptr<QSqlQuery> q_;
+    mutable QHash<int, QString> textos_;
 };
 
 // One writing action. The outermost takes the write lock at once (BEGIN IMMEDIATE), so entry
 // numbers drawn inside it are unique between processes; inner ones are savepoints. Anything not
-// confirmed is rolled back when the object goes out of scope.
+// confirmed is rolled back when the object goes out of scope. On a server the same lock is an
+// advisory lock per schema (the connection's own and every adjoined one, in one order so that two
+// writers never wait on each other), held to the end of the transaction: writers of one exercise
+// take turns, readers never wait.
 class Transaccion {
 public:
     explicit Transaccion(Conexion& c);

@@ -273,7 +273,7 @@ ResultadoImportacion ImportarAsientos(Sesion& s, const QString& ruta,
     Conexion c = AbrirDatos(s);
     // One long transaction, with a cache big enough that the pages written don't spill to disk
     // before the commit.
-    c.ejecutar(QStringLiteral("PRAGMA cache_size = -65536"));
+    c.prepararEscrituraLarga();
     Transaccion t(c);
     CargarEjercicio(s, c);
     Importador imp(s, c);

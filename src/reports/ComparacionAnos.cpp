@@ -82,11 +82,10 @@ QString PatronComparacion(const SeleccionComparacion& sel) {
 AnoComparado SumarAnoComparado(const Sesion& s, const SeleccionComparacion& sel, int ano) {
     AnoComparado a;
     a.ano = ano;
-    const QString ruta = s.rutaEjercicio(ano);
-    if (!QFileInfo::exists(ruta))
+    if (!ExisteEjercicio(s, ano))
         return a;
     a.existe = true;
-    Conexion c(ruta, TipoBase::Ejercicio);
+    Conexion c = AbrirBaseEmpresa(s, s.rutaEjercicio(ano), TipoBase::Ejercicio);
     QString sql = QStringLiteral("SELECT NCuenta, Fecha, Debe, Haber FROM ConDiario "
                                  "WHERE Clase <> 'R' AND Clase <> 'F' AND NCuenta LIKE ?");
     QVariantList valores{PatronComparacion(sel)};

@@ -75,13 +75,15 @@ ResultadoSyS LlenarSyS(Conexion& c, const Sesion& s, const QDate& desde, const Q
             // itself the planner walks the date index and reads every line of the period from
             // the table, three times slower on a quarter. The inner join drops a subaccount
             // without lines in the period; one whose lines are zero keeps its zeros.
-            : c.ejecutar(QStringLiteral("SELECT m.NCuenta, m.Cuenta, SUM(d.Debe), SUM(d.Haber) "
-                                        "FROM ConMayor m CROSS JOIN Diario d "
-                                        "ON d.NCuenta = m.NCuenta "
-                                        "AND d.Fecha BETWEEN ? AND ? "
-                                        "WHERE m.SaldoD <> 0 OR m.SaldoH <> 0 "
-                                        "GROUP BY m.NCuenta ORDER BY m.NCuenta"),
-                         {FechaISO(desde), FechaISO(hasta)});
+            // MAX(m.Cuenta): one name per subaccount, which a server wants said.
+            : c.ejecutar(
+                  QStringLiteral("SELECT m.NCuenta, MAX(m.Cuenta), SUM(d.Debe), SUM(d.Haber) "
+                                 "FROM ConMayor m CROSS JOIN Diario d "
+                                 "ON d.NCuenta = m.NCuenta "
+                                 "AND d.Fecha BETWEEN ? AND ? "
+                                 "WHERE m.SaldoD <> 0 OR m.SaldoH <> 0 "
+                                 "GROUP BY m.NCuenta ORDER BY m.NCuenta"),
+                  {FechaISO(desde), FechaISO(hasta)});
     while (q.next()) {
         FilaSyS f;
         f.ncuenta = q.value(0).toString();

@@ -54,6 +54,14 @@ QStringList CarpetasEmpresa(const QString& carpeta) {
 
 QList<FilaEmpresa> CargarEmp(const Sesion& s, Dialogo& dialogo) {
     QList<FilaEmpresa> filas;
+    // On a server the lists are tables, kept as companies and exercises are made: nothing to
+    // rebuild.
+    if (s.enServidor()) {
+        for (const RegistroNemp& e : EmpresasDe(s))
+            for (const RegistroSelan& a : EjerciciosDe(s, QStringLiteral("Emp") + e.Codigo))
+                filas << FilaEmpresa{QStringLiteral("Emp") + e.Codigo, a.Nombre, a.Ano};
+        return filas;
+    }
     // A Nemp.dat record whose folder is missing makes the walk begin again; a Selan.dat that
     // names a company of another folder would do so for ever, so after a few rounds such
     // records are left out.

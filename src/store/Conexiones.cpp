@@ -4,12 +4,18 @@
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
 
+#include <QFile>
 #include <cmath>
 
 ModoDiario ModoDiarioEmpresas(const Sesion& s) {
     return s.esPrincipal() ? ModoDiario::WAL : ModoDiario::Rollback;
 }
+Conexion AbrirServidor(const Sesion& s, const QString& esquema, TipoBase tipo, bool crear) {
+    return Conexion(Servidor::DeUrl(s.UrlServidor), esquema, tipo, crear);
+}
 Conexion AbrirBaseEmpresa(const Sesion& s, const QString& ruta, TipoBase tipo) {
+    if (s.enServidor())
+        return AbrirServidor(s, EsquemaServidor(ruta), tipo);
     return Conexion(ruta, tipo, false, ModoDiarioEmpresas(s));
 }
 Conexion AbrirDatos(const Sesion& s) {
@@ -22,13 +28,27 @@ void AdjuntarBavar(Conexion& datos, const Sesion& s) {
     // The company file is checked as AbrirBavar checks it, so that a missing or foreign file is
     // told by its cause rather than by a failed statement later.
     { Conexion bavar = AbrirBavar(s); }
+    if (datos.enServidor()) {
+        datos.adjuntarEsquema(QStringLiteral("Bavar"), EsquemaServidor(s.rutaBavar()));
+        return;
+    }
     datos.ejecutar(QStringLiteral("ATTACH DATABASE ? AS Bavar"), {s.rutaBavar()});
 }
 Conexion AbrirAvisos(const Sesion& s) {
+    if (s.enServidor())
+        return AbrirServidor(s, EsquemaServidor(s.rutaBavis()), TipoBase::Bavis);
     return Conexion(s.rutaBavis(), TipoBase::Bavis);
 }
 Conexion AbrirVias(const Sesion& s) {
     return Conexion(s.rutaVias(), TipoBase::Vias);
+}
+
+bool ExisteEjercicio(const Sesion& s, int ano) {
+    if (!s.enServidor())
+        return QFile::exists(s.rutaEjercicio(ano));
+    Conexion c = AbrirServidor(s, QStringLiteral("public"));
+    return c.existe(QStringLiteral("SELECT 1 FROM pg_namespace WHERE nspname = ?"),
+                    {EsquemaServidor(s.rutaEjercicio(ano))});
 }
 
 QString NombreCuenta(const Sesion& s, Dialogo& dialogo, const QString& ncuenta) {

@@ -11,7 +11,7 @@ struct Sesion;
 Conexion AbrirDatos(const Sesion& s);  // the exercise database
 Conexion AbrirBavar(const Sesion& s);  // the company database
 Conexion AbrirAvisos(const Sesion& s); // the installation database (Bavis)
-Conexion AbrirVias(const Sesion& s);   // the street tables
+Conexion AbrirVias(const Sesion& s);   // the street tables (shipped data: always the local file)
 // Attaches the company database to a connection of the exercise database under the schema name
 // Bavar, for an action that writes both (a depreciation run posts entries and brings the
 // inventory up): one Transaccion on it then takes the write lock of both files and commits or
@@ -25,8 +25,16 @@ void AdjuntarBavar(Conexion& datos, const Sesion& s);
 // client, whose company folders lie on another machine. The installation's own databases are
 // always local and use WAL.
 ModoDiario ModoDiarioEmpresas(const Sesion& s);
-// A database of the company folders given by its path (another exercise, another company).
+// A database of the company folders given by its path (another exercise, another company); on a
+// server, the schema that stands for that file.
 Conexion AbrirBaseEmpresa(const Sesion& s, const QString& ruta, TipoBase tipo);
+// A schema of the session's server (EsquemaServidor names them).
+Conexion AbrirServidor(const Sesion& s, const QString& esquema,
+                       TipoBase tipo = TipoBase::Cualquiera, bool crear = false);
+
+// Whether the company of the session has the exercise of that year: its file, or its schema on a
+// server.
+bool ExisteEjercicio(const Sesion& s, int ano);
 
 // Trimmed name of a subaccount; empty for an empty code; a missing row says "Error en la cuenta."
 QString NombreCuenta(const Sesion& s, Dialogo& dialogo, const QString& ncuenta);

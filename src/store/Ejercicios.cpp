@@ -5,6 +5,7 @@
 #include "platform/Dialogo.h"
 #include "platform/Ficheros.h"
 #include "store/Conexiones.h"
+#include "store/Esquema.h"
 #include "store/ListasEmpresas.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
@@ -23,6 +24,65 @@ namespace {
 
 const QString CuentaResultadosNegativos = QStringLiteral("012100104");
 
+// The new year on a server: a schema of its own with the chart, cards and lists of the year it
+// comes from, its journal empty, and its line in the list of exercises; all or nothing.
+void crearEjercicioServidor(const Sesion& s, int ano, int desde) {
+    if (ExisteEjercicio(s, ano) || EjerciciosEmpresa(s).contains(ano))
+        throw Rechazo(QStringLiteral("Ya existe el ejercicio %1.").arg(ano));
+    if (!ExisteEjercicio(s, desde))
+        throw Rechazo(MsgFaltaEjercicio(s, desde));
+    const QString nuevo = EsquemaServidor(s.rutaEjercicio(ano));
+    Conexion c = AbrirServidor(s, nuevo, TipoBase::Cualquiera, true);
+    try {
+        CrearEsquema(c, TipoBase::Ejercicio);
+        c.adjuntarEsquema(QStringLiteral("origen"), EsquemaServidor(s.rutaEjercicio(desde)));
+        QString codigo, nombre;
+        {
+            Transaccion t(c);
+            const QStringList vacias{"DatosIVA", "Mayor", "Diario", "DelDia"};
+            for (const QString& tabla : TablasDe(TipoBase::Ejercicio)) {
+                if (vacias.contains(tabla))
+                    continue;
+                c.ejecutar(QStringLiteral("INSERT INTO %1 SELECT * FROM origen.%1").arg(tabla));
+                AjustarContadores(c, tabla);
+            }
+            QSqlQuery q =
+                c.ejecutar(QStringLiteral("SELECT FechaIni, Codigo, Nombre FROM Empresa"));
+            if (q.next()) {
+                const QDate antes = DeISO(q.value(0).toString());
+                codigo = q.value(1).toString().trimmed();
+                nombre = q.value(2).toString().trimmed();
+                QDate nueva(ano, antes.isValid() ? antes.month() : 1,
+                            antes.isValid() ? antes.day() : 1);
+                if (!nueva.isValid()) // 29 February of a year that has none
+                    nueva = QDate(ano, antes.month(), 28);
+                c.ejecutar(QStringLiteral("UPDATE Empresa SET FechaIni = ?, EjCerrado = 0, "
+                                          "NAsReg = 0, NAsFin = 0"),
+                           {FechaISO(nueva)});
+            }
+            t.confirmar();
+        }
+        const QList<RegistroSelan> lista = EjerciciosDe(s, s.EmpresaActual);
+        RegistroSelan r =
+            lista.isEmpty() ? RegistroSelan{QString(), codigo, nombre} : lista.first();
+        r.Ano = QString::number(ano);
+        if (r.Codigo.isEmpty())
+            r.Codigo = s.codigoEmpresa();
+        Conexion bavis = AbrirAvisos(s);
+        Transaccion t(bavis);
+        AnotarEjercicioServidor(bavis, r);
+        t.confirmar();
+    } catch (...) {
+        c.quitarEsquema(QStringLiteral("origen"));
+        try {
+            c.ejecutar(QStringLiteral("DROP SCHEMA IF EXISTS %1 CASCADE").arg(nuevo));
+        } catch (const ErrorQuilmar&) {
+            // The first failure is the one to tell.
+        }
+        throw;
+    }
+}
+
 QString rutaSelan2(const Sesion& s) {
     return QDir(s.carpetaEmpresa()).filePath(QStringLiteral("2Selan.dat"));
 }
@@ -30,7 +90,7 @@ QString rutaSelan2(const Sesion& s) {
 // The exercise state of a year, loaded into a copy so that a failure leaves the session as it
 // was. Tells the user and answers false when the database is missing or unreadable.
 bool cargarEn(Sesion& copia, Dialogo& d) {
-    if (!QFile::exists(copia.rutaEjercicio())) {
+    if (!ExisteEjercicio(copia, copia.AnoActual)) {
         d.Informar(MsgFaltaEjercicio(copia, copia.AnoActual));
         return false;
     }
@@ -62,7 +122,7 @@ void ComprobarAdaptacionPlan(Sesion& s, Dialogo& d, int anoAnterior) {
 
 QList<int> EjerciciosEmpresa(const Sesion& s) {
     QList<int> r;
-    for (const RegistroSelan& reg : LeerSelan(s.rutaSelan()))
+    for (const RegistroSelan& reg : EjerciciosDe(s, s.EmpresaActual))
         r << reg.Ano.toInt();
     return r;
 }
@@ -120,6 +180,13 @@ void CrearEjercicio(Sesion& s, Dialogo& d, int ano, int desde) {
         throw Rechazo(MsgIndiqueAno);
     if (desde == 0)
         desde = s.AnoActual;
+    if (s.enServidor()) {
+        crearEjercicioServidor(s, ano, desde);
+        s.AnoActual = static_cast<qint16>(ano);
+        CargarEjercicio(s);
+        ComprobarAdaptacionPlan(s, d, desde);
+        return;
+    }
     const QDir dir(s.carpetaEmpresa());
     const QString origen = s.rutaEjercicio(desde);
     const QString destino = s.rutaEjercicio(ano);

@@ -9,6 +9,7 @@
 #include "store/Esquema.h"
 #include "store/Instalacion.h"
 #include "store/ListasEmpresas.h"
+#include "store/Migracion.h"
 #include "store/Plantilla.h"
 #include "store/Rutinas.h"
 #include "store/Sesion.h"
@@ -17,6 +18,7 @@
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 
 const QString MsgCodigoReservado =
     QStringLiteral("Por favor utilice otro código. Ese está reservado a la empresa 'De Pruebas'.");
@@ -60,19 +62,26 @@ void comprobar(const Sesion& s, const DatosNuevaEmpresa& d, bool reservadoPermit
     comprobarTextos(d);
     if (!d.FechaIni.isValid())
         throw Rechazo(QStringLiteral("La fecha introducida no es una fecha válida."));
-    for (const QString& c : CarpetasEmpresa(s.DataPath))
-        if (c.mid(3) == d.Codigo)
-            throw Rechazo(QStringLiteral("Ya existe una Empresa con el código %1.").arg(d.Codigo));
+    QStringList codigos;
+    if (s.enServidor())
+        for (const RegistroNemp& r : EmpresasDe(s))
+            codigos << r.Codigo;
+    else
+        for (const QString& c : CarpetasEmpresa(s.DataPath))
+            codigos << c.mid(3);
+    if (codigos.contains(d.Codigo))
+        throw Rechazo(QStringLiteral("Ya existe una Empresa con el código %1.").arg(d.Codigo));
 }
 
 } // namespace
 
 int UltimoEjercicio(const Sesion& s, const QString& empresa) {
-    const QString carpeta = s.carpetaEmpresa(empresa);
-    const QList<RegistroSelan> selan =
-        LeerSelan(QDir(carpeta).filePath(QStringLiteral("Selan.dat")));
+    const QList<RegistroSelan> selan = EjerciciosDe(s, empresa);
     if (!selan.isEmpty())
         return selan.last().Ano.toInt();
+    if (s.enServidor())
+        return 0;
+    const QString carpeta = s.carpetaEmpresa(empresa);
     const QList<int> anos = AnosEnCarpeta(carpeta);
     return anos.isEmpty() ? 0 : anos.last();
 }
@@ -88,6 +97,28 @@ void SeleccionarEmpresa(Sesion& s, Ajustes& a, const QString& empresa, const QSt
 }
 
 void CrearEmpresa(Sesion& s, Ajustes& a, const DatosNuevaEmpresa& d, bool reservadoPermitido) {
+    if (s.enServidor()) {
+        comprobar(s, d, reservadoPermitido);
+        if (!d.EmpresaOrigen.isEmpty())
+            throw Rechazo(QStringLiteral(
+                "En el servidor, las empresas nuevas se crean con las cuentas genéricas: copiar "
+                "las de otra empresa todavía no es posible."));
+        // The company is made as ever in a passing installation of its own and then copied to
+        // the server, where it appears whole or not at all.
+        QTemporaryDir carpeta;
+        if (!carpeta.isValid())
+            throw ErrorAlmacen(QStringLiteral("No se pudo crear una carpeta temporal."));
+        Sesion paso;
+        paso.AppPath = paso.DataPath = carpeta.path();
+        Ajustes ajustesPaso(carpeta.path());
+        CrearEmpresa(paso, ajustesPaso, d, reservadoPermitido);
+        MigrarEmpresaAServidor(paso, Servidor::DeUrl(s.UrlServidor), paso.EmpresaActual);
+        // The company's documents (notes, budgets, tax files) stay on this machine, in its
+        // folder as ever.
+        QDir().mkpath(s.carpetaEmpresa(paso.EmpresaActual));
+        SeleccionarEmpresa(s, a, paso.EmpresaActual, d.Nombre.trimmed(), d.FechaIni.year());
+        return;
+    }
     // Never beside the program or in the current folder: only where the companies are.
     ComprobarCarpetaDatos(s);
     comprobar(s, d, reservadoPermitido);

@@ -1,6 +1,7 @@
 #include "store/Esquema.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
 namespace {
 
@@ -234,9 +235,71 @@ const char* guionDe(TipoBase tipo) {
     return "";
 }
 
+// What the statements of the program ask of SQLite that the server does otherwise, as functions of
+// a schema of its own searched before the server's catalogue: ROUND and TOTAL as SQLite computes
+// them (half away from zero; a sum of nothing is 0), SUBSTR counting a negative start from the
+// end, and the NOCASE collation (ICU, comparing without regard to case).
+const char* const FuncionesServidor = R"SQL(
+CREATE SCHEMA IF NOT EXISTS quilmar;
+CREATE COLLATION IF NOT EXISTS quilmar.nocase (
+  provider = icu, locale = 'und-u-ks-level2', deterministic = false);
+CREATE OR REPLACE FUNCTION quilmar.round(double precision, integer) RETURNS double precision
+  LANGUAGE sql IMMUTABLE STRICT AS 'SELECT pg_catalog.round($1::numeric, $2)::double precision';
+CREATE OR REPLACE FUNCTION quilmar.round(double precision) RETURNS double precision
+  LANGUAGE sql IMMUTABLE STRICT AS 'SELECT pg_catalog.round($1::numeric)::double precision';
+CREATE OR REPLACE FUNCTION quilmar.substr(text, integer) RETURNS text
+  LANGUAGE sql IMMUTABLE STRICT AS
+  'SELECT CASE WHEN $2 < 0 THEN pg_catalog.right($1, -$2) ELSE pg_catalog.substr($1, $2) END';
+CREATE OR REPLACE AGGREGATE quilmar.total(double precision) (
+  SFUNC = pg_catalog.float8pl, STYPE = double precision, INITCOND = '0')
+)SQL";
+
+// The lists that Nemp.dat and Selan.dat keep beside the files live, on a server, in the
+// installation's schema: the exercises in the order they were made (rowid), the companies with the
+// name of their latest one.
+const char* const ListasServidor = R"SQL(
+CREATE TABLE Empresas (Codigo TEXT NOT NULL, Nombre TEXT NOT NULL DEFAULT '');
+CREATE UNIQUE INDEX IxEmpresas ON Empresas(Codigo);
+CREATE TABLE Ejercicios (Ano TEXT NOT NULL, Codigo TEXT NOT NULL, Nombre TEXT NOT NULL DEFAULT '');
+CREATE UNIQUE INDEX IxEjercicios ON Ejercicios(Codigo, Ano)
+)SQL";
+
+// The server's reading of the schema: its REAL is single precision and its INTEGER 32 bits, so
+// both widen; there is no NOCASE collation (LIKE is made to ignore case instead, see Almacen);
+// and every table gets the rowid that SQLite gives it unasked, which the program orders by.
+QString GuionServidor(const QString& guion) {
+    QString r = guion;
+    r.replace(QRegularExpression(QStringLiteral("\\s+COLLATE NOCASE")), QString());
+    r.replace(QRegularExpression(QStringLiteral("\\bINTEGER PRIMARY KEY\\b")),
+              QStringLiteral("BIGSERIAL PRIMARY KEY"));
+    r.replace(QRegularExpression(QStringLiteral("\\bINTEGER\\b")), QStringLiteral("BIGINT"));
+    r.replace(QRegularExpression(QStringLiteral("\\bREAL\\b")), QStringLiteral("DOUBLE PRECISION"));
+    r.replace(QRegularExpression(QStringLiteral("\\bNUMERIC\\b")), QStringLiteral("TEXT"));
+    QStringList partes = r.split(QLatin1Char(';'));
+    for (QString& parte : partes) {
+        const QString t = parte.trimmed();
+        if (!t.startsWith(QLatin1String("CREATE TABLE ")))
+            continue;
+        const qsizetype cierre = parte.lastIndexOf(QLatin1Char(')'));
+        parte.insert(cierre, QStringLiteral(",\n  rowid BIGSERIAL"));
+    }
+    return partes.join(QLatin1Char(';'));
+}
+
 } // namespace
 
 void CrearEsquema(Conexion& c, TipoBase tipo) {
+    if (c.enServidor()) {
+        Transaccion t(c);
+        // One creator of the shared functions at a time.
+        c.ejecutar(QStringLiteral("SELECT pg_advisory_xact_lock(0)"));
+        c.ejecutarGuion(QString::fromUtf8(FuncionesServidor));
+        c.ejecutarGuion(GuionServidor(QString::fromUtf8(guionDe(tipo))));
+        if (tipo == TipoBase::Bavis)
+            c.ejecutarGuion(GuionServidor(QString::fromUtf8(ListasServidor)));
+        t.confirmar();
+        return;
+    }
     Transaccion t(c);
     c.ejecutarGuion(QString::fromUtf8(guionDe(tipo)));
     c.ejecutar(QStringLiteral("PRAGMA application_id = %1").arg(IdAplicacionQuilmar));
@@ -267,4 +330,21 @@ QStringList TablasDe(TipoBase tipo) {
             r << s.mid(13).section(QLatin1Char(' '), 0, 0);
     }
     return r;
+}
+
+void AjustarContadores(Conexion& c, const QString& tabla) {
+    if (!c.enServidor())
+        return;
+    QSqlQuery q = c.ejecutar(
+        QStringLiteral("SELECT column_name FROM information_schema.columns WHERE table_schema = ? "
+                       "AND table_name = ? AND column_default LIKE 'nextval(%'"),
+        {c.esquema(), tabla.toLower()});
+    QStringList columnas;
+    while (q.next())
+        columnas << q.value(0).toString();
+    for (const QString& col : columnas)
+        c.ejecutar(QStringLiteral("SELECT setval(pg_get_serial_sequence(?, ?), "
+                                  "COALESCE((SELECT MAX(\"%1\") FROM %2), 0) + 1, false)")
+                       .arg(col, tabla),
+                   {c.esquema() + QLatin1Char('.') + tabla.toLower(), col});
 }

@@ -28,3 +28,15 @@ void EscribirSelan(const QString& ruta, const QList<RegistroSelan>& registros);
 QList<RegistroNemp> LeerNemp(const QString& ruta);
 void AnadirNemp(const QString& ruta, const RegistroNemp& r);
 void EscribirNemp(const QString& ruta, const QList<RegistroNemp>& registros);
+
+struct Sesion;
+class Conexion;
+
+// The exercises of a company, in the order they were made, and the companies with the name of
+// their latest exercise, wherever the session keeps these lists: Selan.dat and the company
+// folders on files, the tables Ejercicios and Empresas of the installation's schema on a server.
+QList<RegistroSelan> EjerciciosDe(const Sesion& s, const QString& empresa);
+QList<RegistroNemp> EmpresasDe(const Sesion& s);
+// On a server: records an exercise (and its company) in those tables, in the caller's
+// transaction on the installation's schema.
+void AnotarEjercicioServidor(Conexion& bavis, const RegistroSelan& r);

@@ -12,6 +12,10 @@ struct Sesion {
     QString AppPath;
     QString DataPath;
 
+    // The books on a PostgreSQL server (postgresql://usuario@host:puerto/base); empty: the files
+    // of DataPath. The program folder keeps the settings and pictures either way.
+    QString UrlServidor;
+
     QString UsuarioActual;
     QString ClaveActual;
     QString EmpresaActual; // company folder, "Emp001"
@@ -54,8 +58,9 @@ struct Sesion {
     QString rutaVias() const { return QDir(AppPath).filePath(QStringLiteral("VIAS.db")); }
     QString rutaNemp() const { return QDir(AppPath).filePath(QStringLiteral("Nemp.dat")); }
     QString rutaPLoc() const { return QDir(AppPath).filePath(QStringLiteral("PLoc.dat")); }
-    // Main installation: nobody else can be posting into these books.
-    bool esPrincipal() const { return QDir(DataPath) == QDir(AppPath); }
+    // Main installation: nobody else can be posting into these books. On a server anybody may.
+    bool esPrincipal() const { return !enServidor() && QDir(DataPath) == QDir(AppPath); }
+    bool enServidor() const { return !UrlServidor.isEmpty(); }
     // The company code, "001" of "Emp001".
     QString codigoEmpresa() const { return EmpresaActual.mid(3); }
 };

@@ -255,7 +255,7 @@ long HacerFinal(Conexion& c, Sesion& s, const DestinoTraspaso* destino,
 void CerrarEjercicio(Sesion& s, const Traspaso& traspaso, const ProgresoEtapa& progreso) {
     if (traspaso.ano != 0 && traspaso.ano == s.AnoActual)
         throw Rechazo(MsgAnoDistintoDelActual);
-    if (traspaso.ano != 0 && !QFile::exists(s.rutaEjercicio(traspaso.ano)))
+    if (traspaso.ano != 0 && !ExisteEjercicio(s, traspaso.ano))
         throw Rechazo(MsgFaltaEjercicio(s, traspaso.ano));
     if (traspaso.ano != 0 && traspaso.asiento <= 0)
         throw Rechazo(MsgAsientoNoValido);
@@ -321,7 +321,7 @@ RespuestaCierre PedirCierre(Sesion& s, Dialogo& d, const PeticionCierre& p,
         traspaso.ano = ano.toInt(&ok);
         if (ok && traspaso.ano == s.AnoActual)
             return rechazar(MsgAnoDistintoDelActual, CampoCierre::Ano);
-        if (!ok || !QFile::exists(s.rutaEjercicio(traspaso.ano)))
+        if (!ok || !ExisteEjercicio(s, traspaso.ano))
             return rechazar(MsgFaltaEjercicio(s, traspaso.ano), CampoCierre::Ano);
         const QString numero = p.asiento.trimmed();
         if (numero.isEmpty()) {
@@ -355,8 +355,7 @@ RespuestaCierre PedirCierre(Sesion& s, Dialogo& d, const PeticionCierre& p,
             return rechazar(MsgIndiqueAno, CampoCierre::AnoNuevo);
         if (traspaso.ano == s.AnoActual)
             return rechazar(MsgAnoDistintoDelActual, CampoCierre::AnoNuevo);
-        if (QFile::exists(s.rutaEjercicio(traspaso.ano)) ||
-            EjerciciosEmpresa(s).contains(traspaso.ano))
+        if (ExisteEjercicio(s, traspaso.ano) || EjerciciosEmpresa(s).contains(traspaso.ano))
             return rechazar(QStringLiteral("Ya existe el ejercicio %1.").arg(traspaso.ano),
                             CampoCierre::AnoNuevo);
         break;

@@ -1,9 +1,11 @@
 #include "Entorno.h"
 
+#include "ServidorPruebas.h"
 #include "posting/EmpresaDemo.h"
 #include "store/Conexiones.h"
 #include "store/Empresas.h"
 #include "store/Instalacion.h"
+#include "store/Migracion.h"
 
 #include <QProcess>
 #include <gtest/gtest.h>
@@ -14,6 +16,34 @@ Entorno::Entorno() {
     ajustes = std::make_unique<Ajustes>(dir.path());
     EscribirPLoc(sesion, sesion.AppPath);
     PrepararInstalacion(sesion);
+    // In the server run the installation lives on a database of its own on the test cluster.
+    if (PruebasEnServidor() && ServidorPruebas::instancia().disponible()) {
+        const QString url = ServidorPruebas::instancia().nuevaBase();
+        MigrarAServidor(sesion, Servidor::DeUrl(url));
+        sesion.UrlServidor = url;
+    }
+    // The server run never falls back to the files unnoticed.
+    if (PruebasEnServidor() && !sesion.enServidor())
+        ADD_FAILURE() << "La pasada del servidor se ejecuta sin servidor";
+}
+
+void Entorno::enArchivos(const QString& empresa, const std::function<void()>& hacer) {
+    if (!sesion.enServidor()) {
+        hacer();
+        return;
+    }
+    // The demo's year of entries is written on files and copied over.
+    const QString url = sesion.UrlServidor;
+    sesion.UrlServidor.clear();
+    try {
+        hacer();
+    } catch (...) {
+        sesion.UrlServidor = url;
+        throw;
+    }
+    sesion.UrlServidor = url;
+    MigrarEmpresaAServidor(sesion, Servidor::DeUrl(url), empresa);
+    CargarEjercicio(sesion);
 }
 
 void Entorno::crearEmpresa(const QString& codigo, int ano, const QString& nombre) {
@@ -25,7 +55,7 @@ void Entorno::crearEmpresa(const QString& codigo, int ano, const QString& nombre
 }
 
 void Entorno::instalarDemo() {
-    InstalarEmpresaDemo(sesion, *ajustes);
+    enArchivos(QStringLiteral("Emp100"), [&] { InstalarEmpresaDemo(sesion, *ajustes); });
 }
 
 Conexion Entorno::datos() const {

@@ -1,6 +1,7 @@
 #pragma once
 // A temporary installation for one test: its own folder (AppPath = DataPath), settings, a
-// scripted Dialogo, and helpers to make companies and post entries.
+// scripted Dialogo, and helpers to make companies and post entries. With
+// QUILMAR_PRUEBAS_MOTOR=servidor its books live on the test run's PostgreSQL cluster instead.
 
 #include "ImprimirQt.h"
 #include "journal/Escritor.h"
@@ -10,6 +11,7 @@
 #include "store/Sesion.h"
 
 #include <QTemporaryDir>
+#include <functional>
 #include <memory>
 
 class Entorno {
@@ -29,6 +31,10 @@ public:
     Conexion bavar() const;
     // Posts an entry through the journal writer.
     long asiento(const QDate& fecha, const QList<Apunte>& apuntes);
+
+private:
+    // Runs hacer on the files; in the server run the company is then copied to the server.
+    void enArchivos(const QString& empresa, const std::function<void()>& hacer);
 };
 
 Apunte Debe(const QString& ncuenta, double importe,

@@ -43,9 +43,8 @@ void TresAsientos(Entorno& e) {
     e.asiento(QDate(2024, 3, 31), {Debe(Clientes, 1234567.891), Haber(Ventas, 1234567.891)});
     // A tab stored before texts were kept free of control characters must not shift a column.
     Conexion c = e.datos();
-    c.ejecutar("UPDATE Diario SET Concepto = replace(Concepto, ' de ', char(9) || 'de ') "
-               "WHERE NCuenta = ?",
-               {Compras});
+    c.ejecutar("UPDATE Diario SET Concepto = replace(Concepto, ' de ', ?) WHERE NCuenta = ?",
+               {QStringLiteral("\tde "), Compras});
 }
 
 Rejilla Llena(Entorno& e, const SeleccionDiario& sel) {

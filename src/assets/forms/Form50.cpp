@@ -24,7 +24,7 @@ Form50::Form50(Sesion& s, Ajustes& a, Dialogo& d, const QString& ruta, QWidget* 
     const Presupuesto p = LeerPresupuesto(ruta);
     Sesion otra = s;
     otra.AnoActual = static_cast<qint16>(p.Ano.toInt());
-    if (otra.AnoActual <= 0 || !QFileInfo::exists(otra.rutaEjercicio()))
+    if (otra.AnoActual <= 0 || !ExisteEjercicio(otra, otra.AnoActual))
         throw ErrorAlmacen(QStringLiteral("No existe el ejercicio %1 de la empresa.").arg(p.Ano));
     QDate ini;
     {
