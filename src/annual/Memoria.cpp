@@ -118,9 +118,9 @@ const CalculoMemoria::Datos* CalculoMemoria::datos(bool anterior) {
     }
     if (!anteriorLeido_) {
         anteriorLeido_ = true;
-        const QString ruta = s_.rutaEjercicio(s_.AnoActual - 1);
-        if (QFileInfo::exists(ruta)) {
-            Conexion c = AbrirBaseEmpresa(s_, ruta, TipoBase::Ejercicio);
+        if (ExisteEjercicio(s_, s_.AnoActual - 1)) {
+            Conexion c =
+                AbrirBaseEmpresa(s_, s_.rutaEjercicio(s_.AnoActual - 1), TipoBase::Ejercicio);
             anterior_ = leer(c);
         }
     }

@@ -13,7 +13,9 @@ namespace {
 int marcar(Conexion& c, double clave, bool cuadrado) {
     const int inicio = cuadrado ? EstadoCasacion::InicioCasado : EstadoCasacion::Inicio;
     const int otro = cuadrado ? EstadoCasacion::CasadoTotal : EstadoCasacion::Casado;
-    const QString nuevo = QStringLiteral("CASE WHEN CasacionN IN (0, 2) THEN ? ELSE ? END");
+    // Typed, since the server cannot tell the type of a bare parameter inside a CASE.
+    const QString nuevo = QStringLiteral(
+        "CASE WHEN CasacionN IN (0, 2) THEN CAST(? AS INTEGER) ELSE CAST(? AS INTEGER) END");
     return c
         .ejecutar(QStringLiteral("UPDATE Diario SET CasacionN = ") + nuevo +
                       QStringLiteral(" WHERE CasacionH = ? AND CasacionH <> 0 AND CasacionN <> ") +

@@ -11,6 +11,7 @@
 #include <QUrl>
 #include <algorithm>
 #include <atomic>
+#include <cmath>
 #include <sqlite3.h>
 
 namespace {
@@ -206,10 +207,92 @@ bool esIdentificador(const QString& t) {
     return re.match(t).hasMatch();
 }
 
+// The columns of names that the files declare NOCASE, which users see lists sorted by.
+bool esColumnaDeNombre(QStringView columna) {
+    static const QStringList nombres{
+        QStringLiteral("Cuenta"), QStringLiteral("Nombre"),  QStringLiteral("Grupo"),
+        QStringLiteral("Sector"), QStringLiteral("Usuario"), QStringLiteral("Provincia"),
+        QStringLiteral("Pais"),   QStringLiteral("Cuenta1"), QStringLiteral("Cuenta2")};
+    return std::any_of(nombres.begin(), nombres.end(), [&](const QString& n) {
+        return columna.compare(n, Qt::CaseInsensitive) == 0;
+    });
+}
+
+// SQLite's NOCASE orders by the bytes of the text with only A-Z folded to a-z (an accented
+// capital sorts after z). The server's own collations follow a language instead, so a list sorted
+// by name on a column of names orders by the same key written out: ASCII folded, then code
+// points (the "C" collation: UTF-8 bytes). Statements with DISTINCT or UNION keep theirs, since
+// there an ORDER BY may only name what is selected.
+QString ordenarComoNocase(const QString& sql) {
+    static const QRegularExpression ordenar(QStringLiteral("\\bORDER\\s+BY\\b"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression conjunto(QStringLiteral("\\b(DISTINCT|UNION)\\b"),
+                                             QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression fin(
+        QStringLiteral("\\s*(LIMIT|OFFSET|ROWS|RANGE|FOR|FETCH)\\b"),
+        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression termino(
+        QStringLiteral("^(\\s*)((?:\\w+\\.)?(\\w+))(\\s+(?:ASC|DESC))?(\\s*)$"),
+        QRegularExpression::CaseInsensitiveOption);
+    if (!sql.contains(ordenar) || sql.contains(conjunto))
+        return sql;
+    QString r;
+    qsizetype desde = 0;
+    for (auto m = ordenar.match(sql); m.hasMatch(); m = ordenar.match(sql, desde)) {
+        qsizetype i = m.capturedEnd();
+        r += QStringView(sql).mid(desde, i - desde);
+        // The terms of this ORDER BY, up to a closing parenthesis, a keyword or the end.
+        QStringList terminos;
+        qsizetype inicio = i;
+        int nivel = 0;
+        bool comillas = false;
+        for (; i < sql.size(); ++i) {
+            const QChar ch = sql.at(i);
+            if (ch == QLatin1Char('\'') || ch == QLatin1Char('"'))
+                comillas = !comillas;
+            if (comillas)
+                continue;
+            if (ch == QLatin1Char('('))
+                ++nivel;
+            else if (ch == QLatin1Char(')') && nivel-- == 0)
+                break;
+            else if (nivel == 0 && ch == QLatin1Char(';'))
+                break;
+            else if (nivel == 0 && ch == QLatin1Char(',')) {
+                terminos << sql.mid(inicio, i - inicio);
+                inicio = i + 1;
+            } else if (nivel == 0 && ch.isSpace() &&
+                       fin.match(sql, i, QRegularExpression::NormalMatch,
+                                 QRegularExpression::AnchorAtOffsetMatchOption)
+                           .hasMatch())
+                break;
+        }
+        terminos << sql.mid(inicio, i - inicio);
+        for (QString& t : terminos) {
+            const auto c = termino.match(t);
+            if (c.hasMatch() && esColumnaDeNombre(c.capturedView(3)))
+                t = c.captured(1) +
+                    QStringLiteral("translate(%1, 'ABCDEFGHIJKLMNOPQRSTUVWXYZ', "
+                                   "'abcdefghijklmnopqrstuvwxyz') COLLATE \"C\"")
+                        .arg(c.captured(2)) +
+                    c.captured(4) + c.captured(5);
+        }
+        r += terminos.join(QLatin1Char(','));
+        desde = i;
+    }
+    r += QStringView(sql).mid(desde);
+    return r;
+}
+
 // What SQLite reads one way and the server another, for the portable statements of the program:
-// LIKE ignores case in SQLite (ASCII), "temp." is SQLite's name of the temporary schema, and an
-// adjoined schema is named by its alias as an attached file is.
+// LIKE ignores case in SQLite (ASCII), "temp." is SQLite's name of the temporary schema, an
+// adjoined schema is named by its alias as an attached file is, WITHOUT ROWID is a storage choice
+// the server has no need of, and names sort as NOCASE sorts them.
 QString traducirServidor(QString sql, const QHash<QString, QString>& adjuntos) {
+    static const QRegularExpression sinRowid(QStringLiteral("\\)\\s*WITHOUT\\s+ROWID\\b"),
+                                             QRegularExpression::CaseInsensitiveOption);
+    sql.replace(sinRowid, QStringLiteral(")"));
+    sql = ordenarComoNocase(sql);
     static const QRegularExpression like(QStringLiteral("\\bLIKE\\b"),
                                          QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression temp(QStringLiteral("\\btemp\\."),
@@ -225,6 +308,41 @@ QString traducirServidor(QString sql, const QHash<QString, QString>& adjuntos) {
                                        QRegularExpression::CaseInsensitiveOption),
                     it.value() + QLatin1Char('.'));
     return sql;
+}
+
+// The server gives a bare parameter the type of what it is compared with, so a 2.5 set against
+// an integer column would be read as 3 (SQLite compares the numbers as they are). A value with a
+// fraction is therefore passed typed as a real.
+QString tiparReales(const QString& sql, const QVariantList& valores) {
+    const auto fraccion = [](const QVariant& v) {
+        if (v.typeId() != QMetaType::Double && v.typeId() != QMetaType::Float)
+            return false;
+        const double d = v.toDouble();
+        return std::isfinite(d) && d != std::trunc(d);
+    };
+    if (std::none_of(valores.begin(), valores.end(), fraccion))
+        return sql;
+    QString r;
+    r.reserve(sql.size() + 32);
+    QChar comilla;
+    int n = 0;
+    for (const QChar ch : sql) {
+        if (!comilla.isNull()) {
+            if (ch == comilla)
+                comilla = QChar();
+        } else if (ch == QLatin1Char('\'') || ch == QLatin1Char('"')) {
+            comilla = ch;
+        } else if (ch == QLatin1Char('?')) {
+            if (n < valores.size() && fraccion(valores.at(n))) {
+                r += QStringLiteral("CAST(? AS DOUBLE PRECISION)");
+                ++n;
+                continue;
+            }
+            ++n;
+        }
+        r += ch;
+    }
+    return r;
 }
 
 quint32 claveBloqueo(const QString& esquema) {
@@ -544,7 +662,7 @@ QSqlQuery Conexion::ejecutar(const QString& texto, const QVariantList& valores) 
             fallo(q);
         return q;
     }
-    if (!q.prepare(sql))
+    if (!q.prepare(enServidor() ? tiparReales(sql, valores) : sql))
         fallo(q);
     for (const QVariant& v : valores)
         q.addBindValue(valorLigado(v));

@@ -55,7 +55,7 @@ long RenumerarDiario(Conexion& c, Sesion& s, const Progreso& progreso) {
         "SELECT Fecha, NAs, SUM(Cambio) OVER (ORDER BY Fecha, NAs ROWS UNBOUNDED PRECEDING) "
         "FROM (SELECT Fecha, NAs, "
         "  CASE WHEN NAs <> COALESCE(LAG(NAs) OVER (ORDER BY Fecha, NAs), 0) THEN 1 ELSE 0 END "
-        "  AS Cambio FROM (SELECT Fecha, NAs FROM Diario GROUP BY Fecha, NAs))"));
+        "  AS Cambio FROM (SELECT Fecha, NAs FROM Diario GROUP BY Fecha, NAs) AS g) AS c"));
     const long n = static_cast<long>(
         c.escalar(QStringLiteral("SELECT COALESCE(MAX(Nuevo), 0) FROM temp.RenumeracionGrupos"))
             .toLongLong());

@@ -56,10 +56,10 @@ TEST(CliTextos, ControlesYLargosRechazadosEnCadaVerbo) {
     auto estado = [&] {
         Conexion datos = e.datos();
         return datos
-            .escalar("SELECT (SELECT COUNT(*) FROM Cuentas) || '|' || (SELECT COUNT(*) FROM "
-                     "Grupos) || '|' || (SELECT COUNT(*) FROM Sectores) || '|' || "
-                     "(SELECT group_concat(NIF) FROM CliPro)")
-            .toString();
+                   .escalar("SELECT (SELECT COUNT(*) FROM Cuentas) || '|' || (SELECT COUNT(*) "
+                            "FROM Grupos) || '|' || (SELECT COUNT(*) FROM Sectores) || '|'")
+                   .toString() +
+               Unidos(datos, "SELECT NIF FROM CliPro ORDER BY rowid");
     };
     const QString antes = estado();
     for (const auto& c : casos) {

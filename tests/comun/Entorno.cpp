@@ -21,6 +21,8 @@ Entorno::Entorno() {
         const QString url = ServidorPruebas::instancia().nuevaBase();
         MigrarAServidor(sesion, Servidor::DeUrl(url));
         sesion.UrlServidor = url;
+        // quilmar-cli run on this folder works on the same server.
+        ajustes->escribir(QStringLiteral("Datos"), QStringLiteral("Servidor"), url);
     }
     // The server run never falls back to the files unnoticed.
     if (PruebasEnServidor() && !sesion.enServidor())
@@ -84,6 +86,14 @@ Apunte Haber(const QString& ncuenta, double importe, const QString& concepto) {
     a.Haber = importe;
     a.Concepto = concepto;
     return a;
+}
+
+QString Unidos(Conexion& c, const QString& sql, const QVariantList& valores) {
+    QStringList r;
+    QSqlQuery q = c.ejecutar(sql, valores);
+    while (q.next())
+        r << q.value(0).toString();
+    return r.join(QLatin1Char(','));
 }
 
 ResultadoCli EjecutarCli(const QString& datos, const QStringList& argumentos) {

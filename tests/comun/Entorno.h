@@ -48,5 +48,9 @@ struct ResultadoCli {
     QString error;
 };
 
+// The first column of the rows of a query joined by commas, on either engine (SQLite's
+// group_concat has no like on the server).
+QString Unidos(Conexion& c, const QString& sql, const QVariantList& valores = {});
+
 // Runs the real quilmar-cli on a folder (given as --datos) and waits for it.
 ResultadoCli EjecutarCli(const QString& datos, const QStringList& argumentos);

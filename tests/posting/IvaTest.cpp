@@ -317,9 +317,8 @@ TEST_F(IvaAlContabilizar, SoloDecideLaUltimaPantalla) {
                         "ON v.IdIVA = d.IdIVA WHERE d.NAs = " +
                             QString::number(r.numero)),
               2);
-    EXPECT_EQ(c.escalar("SELECT group_concat(NCuenta || ':' || NFactura) FROM DatosIVA "
-                        "WHERE NFactura IN ('F3', 'F4')")
-                  .toString(),
+    EXPECT_EQ(Unidos(c, "SELECT NCuenta || ':' || NFactura FROM DatosIVA "
+                        "WHERE NFactura IN ('F3', 'F4') ORDER BY NFactura"),
               Proveedor + ":F3," + Acreedor + ":F4");
 
     // Accept the first, clear both boxes on the second: posted, and no VAT data at all.

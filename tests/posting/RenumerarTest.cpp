@@ -103,9 +103,7 @@ TEST_F(Renumerar, LineasDeUnNumeroEnDosFechasAcabanSeparadas) {
     Conexion c = e.datos();
     c.ejecutar("UPDATE Diario SET Fecha = '2024-01-20' WHERE NAs = 1 AND NAp = 2");
     EXPECT_EQ(RenumerarDiario(c, e.sesion), 4);
-    EXPECT_EQ(c.escalar("SELECT group_concat(NAs || ':' || NAp) FROM (SELECT * FROM Diario "
-                        "ORDER BY Fecha, NAp)")
-                  .toString(),
+    EXPECT_EQ(Unidos(c, "SELECT NAs || ':' || NAp FROM Diario ORDER BY Fecha, NAp"),
               "1:1,1:2,2:1,3:1,3:2,4:2");
     EXPECT_TRUE(DescuadresMayor(c).isEmpty());
 }
@@ -235,8 +233,16 @@ TEST_F(Renumerar, UnIntervaloFallidoNoEliminaNada) {
     // A trigger makes the third deletion fail half way through the range.
     {
         Conexion c = e.datos();
-        c.ejecutar("CREATE TRIGGER Falla BEFORE DELETE ON Diario WHEN OLD.NAs = 3 "
-                   "BEGIN SELECT RAISE(ABORT, 'fallo provocado'); END");
+        if (c.enServidor()) {
+            c.ejecutar("CREATE FUNCTION Falla() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN "
+                       "IF OLD.NAs = 3 THEN RAISE EXCEPTION 'fallo provocado'; END IF; "
+                       "RETURN OLD; END $$");
+            c.ejecutar("CREATE TRIGGER Falla BEFORE DELETE ON Diario FOR EACH ROW "
+                       "EXECUTE FUNCTION Falla()");
+        } else {
+            c.ejecutar("CREATE TRIGGER Falla BEFORE DELETE ON Diario WHEN OLD.NAs = 3 "
+                       "BEGIN SELECT RAISE(ABORT, 'fallo provocado'); END");
+        }
     }
     e.dialogo.responder({true});
     EXPECT_EQ(EliminarAsientos(e.sesion, e.dialogo, {1, 4}), -1);
