@@ -94,10 +94,10 @@ QString guardaEliminarSubcuenta(Sesion& s, Conexion& datos, const QString& n,
     const QString msgDiario = MsgNoSeElimina + entreComillas(nombre) +
                               QStringLiteral(" porque existen asientos en los que se utiliza.");
     const QString sqlDiario = QStringLiteral("SELECT 1 FROM Diario WHERE NCuenta = ? LIMIT 1");
-    if (!FicheroLibre(s.rutaSelan()))
+    if (!s.enServidor() && !FicheroLibre(s.rutaSelan()))
         return QStringLiteral("El archivo está en uso.");
     bool actualVisto = false;
-    for (const RegistroSelan& e : LeerSelan(s.rutaSelan())) {
+    for (const RegistroSelan& e : EjerciciosDe(s, s.EmpresaActual)) {
         const int ano = e.Ano.toInt();
         if (ano == s.AnoActual) {
             actualVisto = true;

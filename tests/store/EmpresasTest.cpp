@@ -70,11 +70,11 @@ TEST(CrearEmpresa, DesdeLaPlantillaGenerica) {
     Conexion b = e.bavar();
     EXPECT_EQ(cuenta(b, "Conceptos"), 0);
 
-    const QList<RegistroSelan> selan = LeerSelan(e.ruta("Emp007/Selan.dat"));
+    const QList<RegistroSelan> selan = EjerciciosDe(e.sesion, "Emp007");
     ASSERT_EQ(selan.size(), 1);
     EXPECT_EQ(selan[0].Ano, "2024");
     EXPECT_EQ(selan[0].Codigo, "007");
-    EXPECT_EQ(LeerNemp(e.sesion.rutaNemp()).value(0).Codigo, "007");
+    EXPECT_EQ(ListaEmpresas(e.sesion).value(0).Codigo, "007");
     EXPECT_EQ(CargarEmp(e.sesion, e.dialogo).size(), 1);
 }
 
@@ -95,12 +95,17 @@ TEST(CrearEmpresa, RechazosSinDejarNadaEnDisco) {
     e.crearEmpresa("012", 2024, "Primera");
     EXPECT_EQ(mensaje(datos("012", "Segunda")), "Ya existe una Empresa con el código 012.");
     // A damaged source company: a store error, and no folder left behind.
-    QFile::resize(e.ruta("Emp012/Quilmar2024.db"), 100);
+    if (e.sesion.enServidor())
+        e.datos().ejecutar("DROP TABLE Empresa");
+    else
+        QFile::resize(e.ruta("Emp012/Quilmar2024.db"), 100);
     DatosNuevaEmpresa d = datos("013", "Copia");
     d.EmpresaOrigen = "Emp012";
     EXPECT_THROW(CrearEmpresa(e.sesion, *e.ajustes, d), ErrorAlmacen);
     EXPECT_EQ(QDir(e.dir.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden),
               QStringList({"Emp012"}));
+    EXPECT_EQ(ListaEmpresas(e.sesion).size(), 1);
+    EXPECT_TRUE(EjerciciosDe(e.sesion, "Emp013").isEmpty());
 }
 
 TEST(CrearEmpresa, DesdeOtraEmpresaCopiaSoloLoElegido) {
