@@ -1,9 +1,9 @@
 // The company list and its repair, on prepared folders.
 
+#include "store/CargarEmp.h"
 #include "Entorno.h"
 #include "ServidorPruebas.h"
 #include "platform/Ficheros.h"
-#include "store/CargarEmp.h"
 #include "store/Conexiones.h"
 #include "store/Ejercicios.h"
 #include "store/ListasEmpresas.h"
@@ -72,7 +72,8 @@ TEST(CargarEmp, SelanOcupadoDetieneElListado) {
 }
 
 TEST(ActEjercicios, RehaceSelanDesdeLasBasesDeDatos) {
-    SOLO_EN_ARCHIVOS("Selan.dat rehecho desde los archivos (en el servidor, ActEjercicios.EnElServidor...)");
+    SOLO_EN_ARCHIVOS(
+        "Selan.dat rehecho desde los archivos (en el servidor, ActEjercicios.EnElServidor...)");
     Entorno e;
     e.crearEmpresa("001", 2007, "Uno");
     QFile::copy(e.ruta("Emp001/Quilmar2007.db"), e.ruta("Emp001/Quilmar2008.db"));
@@ -88,7 +89,8 @@ TEST(ActEjercicios, RehaceSelanDesdeLasBasesDeDatos) {
 }
 
 TEST(ActEjercicios, DiceCadaProblemaYSigue) {
-    SOLO_EN_ARCHIVOS("archivos dañados o fuera de su carpeta (en el servidor, ActEjercicios.EnElServidor...)");
+    SOLO_EN_ARCHIVOS(
+        "archivos dañados o fuera de su carpeta (en el servidor, ActEjercicios.EnElServidor...)");
     Entorno e;
     e.crearEmpresa("001", 2007, "Uno");
     e.crearEmpresa("002", 2008, "Dos");

@@ -107,7 +107,8 @@ TEST(CrearEjercicio, CopiaElPlanYVaciaLosMovimientos) {
     }
     EXPECT_EQ(anosSelan(e), QStringList({"2024|001|Taller Pérez", "2025|001|Taller Pérez"}));
     // The exercise it came from keeps its books.
-    Conexion antiguo = AbrirBaseEmpresa(e.sesion, e.sesion.rutaEjercicio(2024), TipoBase::Ejercicio);
+    Conexion antiguo =
+        AbrirBaseEmpresa(e.sesion, e.sesion.rutaEjercicio(2024), TipoBase::Ejercicio);
     EXPECT_EQ(cuenta(antiguo, "Diario"), 5);
     EXPECT_EQ(cuenta(antiguo, "DelDia"), 1);
     EXPECT_FALSE(QDir(e.sesion.carpetaEmpresa())

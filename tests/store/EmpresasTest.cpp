@@ -1,9 +1,9 @@
 // Making a company from the generic template or from another company.
 
+#include "store/Empresas.h"
 #include "Entorno.h"
 #include "store/CargarEmp.h"
 #include "store/Conexiones.h"
-#include "store/Empresas.h"
 #include "store/ListasEmpresas.h"
 
 #include <QDir>

@@ -16,9 +16,9 @@ ResultadoCli Cli(Entorno& e, int ano, const QStringList& args) {
     QStringList motor;
     if (e.sesion.enServidor())
         motor << "--servidor" << e.sesion.UrlServidor;
-    return EjecutarCli(e.dir.path(), motor + QStringList{"--empresa", "Emp100", "--ano",
-                                                         QString::number(ano)} +
-                                         args);
+    return EjecutarCli(e.dir.path(),
+                       motor + QStringList{"--empresa", "Emp100", "--ano", QString::number(ano)} +
+                           args);
 }
 
 bool Existe(const Entorno& e, int ano) {
