@@ -136,4 +136,32 @@ TEST(CrearEmpresa, DesdeOtraEmpresaCopiaSoloLoElegido) {
     EXPECT_EQ(cuenta(b, "Vencimientos"), 0);
 }
 
+// A copy that fails halfway (a table of the source company is gone) leaves no company behind, on
+// files or on the server, and the code can be used again.
+TEST(CrearEmpresa, DesdeOtraEmpresaQueFallaNoDejaNada) {
+    Entorno e;
+    e.crearEmpresa("001", 2024, "Origen");
+    {
+        Conexion b = e.bavar();
+        b.ejecutar(b.enServidor() ? "DROP TABLE Vencimientos CASCADE" : "DROP TABLE Vencimientos");
+    }
+    DatosNuevaEmpresa d = datos("002", "Copia");
+    d.EmpresaOrigen = "Emp001";
+    d.CopiarConceptos = true;
+    d.CopiarVencimientos = true;
+    EXPECT_THROW(CrearEmpresa(e.sesion, *e.ajustes, d), ErrorAlmacen);
+    EXPECT_EQ(e.sesion.EmpresaActual, "Emp001");
+    EXPECT_TRUE(EjerciciosDe(e.sesion, "Emp002").isEmpty());
+    Sesion copia = e.sesion;
+    copia.EmpresaActual = "Emp002";
+    EXPECT_FALSE(ExisteEjercicio(copia, 2024));
+    EXPECT_FALSE(QDir(e.ruta("Emp002")).exists());
+
+    d.CopiarVencimientos = false;
+    CrearEmpresa(e.sesion, *e.ajustes, d);
+    EXPECT_EQ(e.sesion.EmpresaActual, "Emp002");
+    Conexion b = e.bavar();
+    EXPECT_EQ(cuenta(b, "Vencimientos"), 0);
+}
+
 } // namespace
