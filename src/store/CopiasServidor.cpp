@@ -37,8 +37,10 @@ QList<RegistroSelan> ejerciciosEn(Conexion& c, const QString& codigo) {
 // The schema the snapshot of `origen` is on, as a new SQLite file.
 void volcarEsquema(Conexion& origen, const QString& esquema, const QString& ruta, TipoBase tipo) {
     origen.usarEsquema(esquema);
-    CrearBaseDatos(ruta, tipo);
-    Conexion destino(ruta, tipo);
+    // A backup's file keeps the rollback journal, as a copy of the files does: it may be read
+    // where it lies (a read-only medium, a check) without leaving a log beside it.
+    CrearBaseDatos(ruta, tipo, ModoDiario::Rollback);
+    Conexion destino(ruta, tipo, false, ModoDiario::Rollback);
     destino.prepararEscrituraLarga();
     Transaccion t(destino);
     for (const QString& tabla : TablasDe(tipo))

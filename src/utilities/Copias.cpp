@@ -356,7 +356,13 @@ bool RestaurarCopia(Sesion& s, Dialogo& d, const QString& carpetaTecleada,
         avance.total = 1 + documentosDe(carpeta).size();
         try {
             // The books in one server transaction, then the documents into the local folder.
-            RestaurarEmpresaEnServidor(s, carpeta, conBavis ? bavis : QString());
+            try {
+                RestaurarEmpresaEnServidor(s, carpeta, conBavis ? bavis : QString());
+            } catch (const ErrorQuilmar& e) {
+                throw ErrorAlmacen(QStringLiteral("No se pudo restaurar la copia en el servidor. "
+                                                  "%1 No se ha modificado ningún dato.")
+                                       .arg(e.mensaje()));
+            }
             avance.uno();
             if (!QDir().mkpath(destino))
                 throw ErrorAlmacen(MsgNoSeEscribe(destino));

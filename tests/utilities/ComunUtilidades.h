@@ -100,7 +100,8 @@ inline QStringList Volcado(const QString& ruta) {
 }
 
 // Name and content hash of every file under a folder (hidden ones too), to tell that nothing
-// was touched.
+// was touched. A database's passing files (-wal, -shm) are left out: their bytes change as soon
+// as anybody reads, and what they hold is compared through the data itself (Libros).
 inline QMap<QString, QByteArray> Firma(const QString& carpeta) {
     QMap<QString, QByteArray> r;
     const QDir raiz(carpeta);
@@ -113,6 +114,8 @@ inline QMap<QString, QByteArray> Firma(const QString& carpeta) {
                 pendientes << f.absoluteFilePath();
                 continue;
             }
+            if (f.fileName().endsWith("-wal") || f.fileName().endsWith("-shm"))
+                continue;
             QFile x(f.absoluteFilePath());
             x.open(QIODevice::ReadOnly);
             r.insert(raiz.relativeFilePath(f.absoluteFilePath()),
