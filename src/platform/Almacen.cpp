@@ -227,10 +227,13 @@ QString traducirServidor(QString sql, const QHash<QString, QString>& adjuntos) {
     return sql;
 }
 
-// Passwords typed in this run, by server address.
+// Passwords typed in this run, by user and server (any database of it).
 QHash<QString, QString>& clavesEnMemoria() {
     static QHash<QString, QString> claves;
     return claves;
+}
+QString claveDe(const Servidor& s) {
+    return QStringLiteral("%1@%2:%3").arg(s.usuario, s.host).arg(s.puerto);
 }
 
 // libpq tells why a connection failed only in words (no SQLSTATE before the session exists);
@@ -311,7 +314,7 @@ PruebaServidor abrirServidor(const Servidor& servidor, const QString& nombre) {
     db.setDatabaseName(servidor.base);
     db.setUserName(servidor.usuario);
     // A password typed in this run; otherwise libpq reads PGPASSWORD, PGPASSFILE or ~/.pgpass.
-    const auto clave = clavesEnMemoria().constFind(servidor.url());
+    const auto clave = clavesEnMemoria().constFind(claveDe(servidor));
     if (clave != clavesEnMemoria().constEnd())
         db.setPassword(clave.value());
     db.setConnectOptions(QStringLiteral("connect_timeout=15;application_name=quilmar"));
@@ -382,11 +385,11 @@ Servidor Servidor::DeUrl(const QString& url) {
 }
 
 void RecordarClaveServidor(const Servidor& servidor, const QString& clave) {
-    clavesEnMemoria().insert(servidor.url(), clave);
+    clavesEnMemoria().insert(claveDe(servidor), clave);
 }
 
 bool ClaveServidorRecordada(const Servidor& servidor) {
-    return clavesEnMemoria().contains(servidor.url());
+    return clavesEnMemoria().contains(claveDe(servidor));
 }
 
 PruebaServidor ProbarServidor(const Servidor& servidor) {
