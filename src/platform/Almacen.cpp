@@ -248,15 +248,15 @@ FalloServidor falloDeConexion(const QString& texto) {
     };
     if (hay({"no password supplied", "fe_sendauth", "no se especific", "contraseña no"}))
         return FalloServidor::FaltaClave;
-    if (hay({"password authentication failed", "authentication failed", "role \"",
+    // A server that admits nobody from this machine (pg_hba.conf) refuses the user as well.
+    if (hay({"password authentication failed", "authentication failed", "role \"", "pg_hba.conf",
              "autentificación", "autenticación", "no existe el rol"}))
         return FalloServidor::Acceso;
     if (hay({"database \"", "no existe la base de datos"}))
         return FalloServidor::SinBase;
     if (hay({"could not connect", "connection refused", "could not translate host",
-             "timeout expired", "no route to host", "network is unreachable",
-             "connection to server", "no se pudo conectar", "no se pudo traducir",
-             "conexión rehusada", "connection timed out"}))
+             "timeout expired", "no route to host", "network is unreachable", "no se pudo conectar",
+             "no se pudo traducir", "conexión rehusada", "connection timed out"}))
         return FalloServidor::Inalcanzable;
     return FalloServidor::Otro;
 }

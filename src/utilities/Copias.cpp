@@ -294,8 +294,8 @@ bool RestaurarCopia(Sesion& s, Dialogo& d, const QString& carpetaTecleada,
         return false;
     }
     // A company folder of the program itself is no copy: restoring it onto itself would take
-    // the installation's own Bavis.db as the copy's.
-    // (On a server its local folder holds only documents.)
+    // the installation's own Bavis.db as the copy's. (Checked first: on a server that folder
+    // holds only the company's documents, and would be refused for lack of a Selan.dat.)
     const QString padre = RutaCanonica(padreDe(carpeta));
     if (padre == RutaCanonica(s.AppPath) || padre == RutaCanonica(s.DataPath)) {
         d.Informar(QStringLiteral("Esa carpeta es la de la propia empresa en el programa, no una "
