@@ -45,7 +45,7 @@ bool EstaAparcada(const QVariant& aparcada, const QVariant& desde, int anoActual
 }
 
 bool EsUltimoEjercicio(const Sesion& s) {
-    const QList<RegistroSelan> ejercicios = LeerSelan(s.rutaSelan());
+    const QList<RegistroSelan> ejercicios = EjerciciosDe(s, s.EmpresaActual);
     return !ejercicios.isEmpty() && ejercicios.last().Ano.toInt() == s.AnoActual;
 }
 

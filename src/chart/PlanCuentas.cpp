@@ -94,10 +94,10 @@ QString guardaEliminarSubcuenta(Sesion& s, Conexion& datos, const QString& n,
     const QString msgDiario = MsgNoSeElimina + entreComillas(nombre) +
                               QStringLiteral(" porque existen asientos en los que se utiliza.");
     const QString sqlDiario = QStringLiteral("SELECT 1 FROM Diario WHERE NCuenta = ? LIMIT 1");
-    if (!FicheroLibre(s.rutaSelan()))
+    if (!s.enServidor() && !FicheroLibre(s.rutaSelan()))
         return QStringLiteral("El archivo está en uso.");
     bool actualVisto = false;
-    for (const RegistroSelan& e : LeerSelan(s.rutaSelan())) {
+    for (const RegistroSelan& e : EjerciciosDe(s, s.EmpresaActual)) {
         const int ano = e.Ano.toInt();
         if (ano == s.AnoActual) {
             actualVisto = true;
@@ -208,7 +208,8 @@ ResultadoPlan AnadirCuenta(Sesion& s, Dialogo& d, int area, const QString& codig
             error = QStringLiteral("Ya existe una Cuenta con el código ") + entreComillas(cod) +
                     QLatin1Char('.');
             foco = CampoPlan::CodigoCuenta;
-        } else if (c.existe(QStringLiteral("SELECT 1 FROM Grupos WHERE Grupo = ?"), {nom})) {
+        } else if (c.existe(QStringLiteral("SELECT 1 FROM Grupos WHERE Grupo = ? COLLATE NOCASE"),
+                            {nom})) {
             error = QStringLiteral("Ya existe una Cuenta con el nombre ") + entreComillas(nom) +
                     QLatin1Char('.');
             foco = CampoPlan::NombreCuenta;
@@ -239,8 +240,10 @@ ResultadoPlan ModificarCuenta(Sesion& s, Dialogo& d, const QString& ngrupo, cons
         if (actual.isValid() && actual.toString().trimmed() == nom) {
             error = QStringLiteral(
                 "No se han detectado cambios, modifique antes el nombre de la Cuenta.");
-        } else if (c.existe(QStringLiteral("SELECT 1 FROM Grupos WHERE Grupo = ? AND NGrupo <> ?"),
-                            {nom, g})) {
+        } else if (c.existe(
+                       QStringLiteral(
+                           "SELECT 1 FROM Grupos WHERE Grupo = ? COLLATE NOCASE AND NGrupo <> ?"),
+                       {nom, g})) {
             error = QStringLiteral("Ya existe un Grupo con el nombre ") + entreComillas(nom) +
                     QLatin1Char('.');
         } else if (!actual.isValid()) {
@@ -322,7 +325,8 @@ ResultadoPlan AnadirSubcuenta(Sesion& s, Dialogo& d, const NuevaSubcuenta& n) {
         Transaccion t(c);
         const QVariant ngrupo = c.escalar(
             QStringLiteral("SELECT NGrupo FROM Grupos WHERE NGrupo = ?"), {n.NGrupo.trimmed()});
-        if (c.existe(QStringLiteral("SELECT 1 FROM Cuentas WHERE Cuenta = ?"), {nom})) {
+        if (c.existe(QStringLiteral("SELECT 1 FROM Cuentas WHERE Cuenta = ? COLLATE NOCASE"),
+                     {nom})) {
             error = QStringLiteral("Ya existe una Subcuenta con el nombre ") + entreComillas(nom) +
                     QLatin1Char('.');
             foco = CampoPlan::NombreSubcuenta;
@@ -385,7 +389,8 @@ ResultadoPlan ModificarSubcuenta(Sesion& s, Dialogo& d, const QString& ncuenta,
     {
         Transaccion t(c);
         if (cambiaNombre &&
-            c.existe(QStringLiteral("SELECT 1 FROM Cuentas WHERE Cuenta = ? AND NCuenta <> ?"),
+            c.existe(QStringLiteral(
+                         "SELECT 1 FROM Cuentas WHERE Cuenta = ? COLLATE NOCASE AND NCuenta <> ?"),
                      {nom, n})) {
             error = QStringLiteral("Ya existe una Subcuenta de nombre ") + entreComillas(nom) +
                     QLatin1Char('.');

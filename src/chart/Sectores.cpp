@@ -22,7 +22,9 @@ QList<FilaSector> ListaSectores(Sesion& s) {
 qint64 IdDeSector(Sesion& s, const QString& nombre) {
     Conexion c = AbrirDatos(s);
     const QVariant v = c.escalar(
-        QStringLiteral("SELECT IdSector FROM Sectores WHERE Sector = ? ORDER BY IdSector LIMIT 1"),
+        QStringLiteral(
+            "SELECT IdSector FROM Sectores WHERE Sector = ? COLLATE NOCASE ORDER BY IdSector "
+            "LIMIT 1"),
         {nombre.trimmed()});
     return v.isValid() ? v.toLongLong() : 0;
 }
@@ -31,7 +33,9 @@ QString NombreSector(Conexion& datos, const QString& nombre) {
     if (nombre.trimmed().isEmpty())
         return {};
     const QVariant v = datos.escalar(
-        QStringLiteral("SELECT Sector FROM Sectores WHERE Sector = ? ORDER BY IdSector LIMIT 1"),
+        QStringLiteral(
+            "SELECT Sector FROM Sectores WHERE Sector = ? COLLATE NOCASE ORDER BY IdSector "
+            "LIMIT 1"),
         {nombre.trimmed()});
     return v.isValid() ? v.toString().trimmed() : QString();
 }
@@ -64,8 +68,10 @@ bool GuardarSector(Sesion& s, Dialogo& d, qint64 idSector, const QString& nombre
         // The column compares without case: "tienda" is the name of "Tienda". A sector may take
         // its own name in other letters.
         if (aviso.isEmpty() &&
-            c.existe(QStringLiteral("SELECT 1 FROM Sectores WHERE Sector = ? AND IdSector <> ?"),
-                     {nom, idSector}))
+            c.existe(
+                QStringLiteral(
+                    "SELECT 1 FROM Sectores WHERE Sector = ? COLLATE NOCASE AND IdSector <> ?"),
+                {nom, idSector}))
             aviso = QStringLiteral("Ya existe un Sector con el nombre '%1'.").arg(nom);
         if (aviso.isEmpty() && idSector == 0) {
             c.ejecutar(QStringLiteral("INSERT INTO Sectores (Sector) VALUES (?)"), {nom});
@@ -131,9 +137,9 @@ int EliminarSector(Sesion& s, Dialogo& d, qint64 idSector) {
         }
     }
     // A twin row of the same name keeps the entries: they stand under it.
-    const bool gemelo =
-        c.existe(QStringLiteral("SELECT 1 FROM Sectores WHERE Sector = ? AND IdSector <> ?"),
-                 {nom, idSector});
+    const bool gemelo = c.existe(
+        QStringLiteral("SELECT 1 FROM Sectores WHERE Sector = ? COLLATE NOCASE AND IdSector <> ?"),
+        {nom, idSector});
     const QString sqlAsientos =
         QStringLiteral("SELECT DISTINCT NAs FROM Diario WHERE Sector = ? COLLATE NOCASE");
     // Deleting entries is writing the books: a closed exercise keeps them.

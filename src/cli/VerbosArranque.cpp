@@ -219,9 +219,9 @@ const AltaVerbo altaEliminarEmpresa{
     {QStringLiteral("eliminar-empresa"),
      QStringLiteral("elimina una empresa con todos sus ejercicios (con --si)"),
      QStringLiteral("Uso: quilmar-cli eliminar-empresa --empresa EmpNNN --si\n\n"
-                    "Borra la carpeta de la empresa con todos sus ejercicios y la quita de la\n"
-                    "lista de empresas. No se puede eliminar la última empresa elegida en el\n"
-                    "programa."),
+                    "Borra la carpeta de la empresa con todos sus ejercicios (en un servidor,\n"
+                    "también sus esquemas) y la quita de la lista de empresas. No se puede\n"
+                    "eliminar la última empresa elegida en el programa."),
      {},
      eliminarEmpresa}};
 

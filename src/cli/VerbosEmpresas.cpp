@@ -99,9 +99,11 @@ const AltaVerbo altaCrear{
 const AltaVerbo altaReparar{
     {QStringLiteral("reparar"),
      QStringLiteral("rehace la lista de ejercicios de las empresas"),
-     QStringLiteral("Uso: quilmar-cli reparar [EmpNNN]\n\nComprueba y actualiza los datos que se "
-                    "tienen de la empresa indicada o, sin ella, de todas las empresas creadas en "
-                    "la carpeta del programa (Selan.dat a partir de sus bases de datos)."),
+     QStringLiteral(
+         "Uso: quilmar-cli reparar [EmpNNN]\n\nComprueba y actualiza los datos que se "
+         "tienen de la empresa indicada o, sin ella, de todas las empresas creadas en "
+         "la carpeta del programa (Selan.dat a partir de sus bases de datos; en un servidor, "
+         "las listas a partir de sus esquemas)."),
      {},
      reparar}};
 

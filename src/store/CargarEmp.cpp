@@ -104,7 +104,68 @@ QList<int> AnosEnCarpeta(const QString& carpetaEmpresa) {
     return anos;
 }
 
+namespace {
+
+// The server keeps the lists as tables: they are rebuilt from the schemas there, with the same
+// checks as the files.
+void actEjerciciosServidor(const Sesion& s, const QString& carpeta, Dialogo& dialogo) {
+    const QMap<QString, QList<int>> esquemas = EsquemasEnServidor(s);
+    QStringList codigos;
+    if (carpeta.trimmed().isEmpty())
+        codigos = esquemas.keys();
+    else
+        codigos << carpeta.trimmed().mid(3);
+    for (const QString& codigo : codigos) {
+        const QString nombre = QStringLiteral("Emp") + codigo;
+        QList<int> anos = esquemas.value(codigo, {-1});
+        if (anos.value(0) == -1) {
+            dialogo.Informar(QStringLiteral("Falta base de datos en la empresa ") + nombre);
+            continue;
+        }
+        if (anos.isEmpty())
+            dialogo.Informar(QStringLiteral("No está la base de datos de la empresa ") + nombre);
+        QList<RegistroSelan> registros;
+        QString nombreEmpresa;
+        for (int ano : anos) {
+            QString leido;
+            try {
+                Conexion c = AbrirServidor(s, QStringLiteral("emp%1_%2").arg(codigo).arg(ano),
+                                           TipoBase::Ejercicio);
+                QSqlQuery q = c.ejecutar(QStringLiteral("SELECT Nombre FROM Empresa"));
+                if (!q.next())
+                    throw ErrorAlmacen(QString());
+                leido = q.value(0).toString().trimmed();
+            } catch (const ErrorAlmacen&) {
+                dialogo.Informar(QStringLiteral("Error en base de datos de la empresa ") + nombre);
+                continue;
+            }
+            if (registros.isEmpty()) {
+                nombreEmpresa = leido;
+            } else if (leido != nombreEmpresa) {
+                dialogo.Informar(QStringLiteral("La base de datos Quilmar%1 no corresponde a la la "
+                                                "actual empresa.")
+                                     .arg(ano));
+                continue;
+            }
+            registros << RegistroSelan{QString::number(ano), codigo, leido};
+        }
+        Conexion bavis = AbrirAvisos(s);
+        Transaccion t(bavis);
+        bavis.ejecutar(QStringLiteral("DELETE FROM Ejercicios WHERE Codigo = ?"), {codigo});
+        bavis.ejecutar(QStringLiteral("DELETE FROM Empresas WHERE Codigo = ?"), {codigo});
+        for (const RegistroSelan& r : registros)
+            AnotarEjercicioServidor(bavis, r);
+        t.confirmar();
+    }
+}
+
+} // namespace
+
 void ActEjercicios(const Sesion& s, const QString& carpeta, Dialogo& dialogo) {
+    if (s.enServidor()) {
+        actEjerciciosServidor(s, carpeta, dialogo);
+        return;
+    }
     QStringList carpetas;
     QString raiz;
     if (carpeta.trimmed().isEmpty()) {

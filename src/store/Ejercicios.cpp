@@ -270,6 +270,10 @@ bool EliminarEjercicio(Sesion& s, Dialogo& d, int ano) {
                      QStringLiteral(" se borrarán permanentemente todos sus datos. Está seguro "
                                     "de que desea eliminarlo?")))
         return false;
+    if (s.enServidor()) {
+        EliminarEjercicioServidor(s, s.codigoEmpresa(), ano);
+        return true;
+    }
     if (!FicheroLibre(s.rutaSelan())) {
         d.Informar(MsgEnUso);
         return false;

@@ -40,6 +40,58 @@ void copiarTablas(Conexion& destino, const QString& origen, const QStringList& t
     destino.ejecutar(QStringLiteral("DETACH DATABASE origen"));
 }
 
+void copiarEsquema(Conexion& destino, const QString& esquemaOrigen, const QStringList& tablas) {
+    if (tablas.isEmpty())
+        return;
+    destino.adjuntarEsquema(QStringLiteral("origen"), esquemaOrigen);
+    Transaccion t(destino);
+    for (const QString& tabla : tablas) {
+        destino.ejecutar(QStringLiteral("DELETE FROM %1").arg(tabla));
+        destino.ejecutar(QStringLiteral("INSERT INTO %1 SELECT * FROM origen.%1").arg(tabla));
+        AjustarContadores(destino, tabla);
+    }
+    t.confirmar();
+    destino.quitarEsquema(QStringLiteral("origen"));
+}
+
+QStringList tablasEjercicio(const DatosNuevaEmpresa& d) {
+    QStringList tablas{"Grupos", "Cuentas", "TiposIVA", "CliPro", "Provincias", "Paises"};
+    if (d.CopiarSectores)
+        tablas << "Sectores";
+    return tablas;
+}
+
+QStringList tablasBavar(const DatosNuevaEmpresa& d) {
+    QStringList tablas;
+    if (d.CopiarConceptos)
+        tablas << "Conceptos";
+    if (d.CopiarPeriodicos)
+        tablas << "Periodicos";
+    if (d.CopiarPredisenados)
+        tablas << "AsPredi";
+    if (d.CopiarInventario)
+        tablas << "Inventario"
+               << "Centros";
+    if (d.CopiarVencimientos)
+        tablas << "Vencimientos";
+    return tablas;
+}
+
+// On a server, the new company (made with the generic chart) takes the chart, cards and lists of
+// the latest exercise of another and the company tables chosen, as on files.
+void copiarDeOtraServidor(const Sesion& s, const DatosNuevaEmpresa& d, int anoOrigen) {
+    const QString origen =
+        EsquemaServidor(s.carpetaEmpresa(d.EmpresaOrigen) + QStringLiteral("/Bavar.db"));
+    const QString nueva = QStringLiteral("emp") + d.Codigo;
+    {
+        Conexion c = AbrirServidor(s, QStringLiteral("%1_%2").arg(nueva).arg(d.FechaIni.year()),
+                                   TipoBase::Ejercicio);
+        copiarEsquema(c, QStringLiteral("%1_%2").arg(origen).arg(anoOrigen), tablasEjercicio(d));
+    }
+    Conexion c = AbrirServidor(s, nueva, TipoBase::Bavar);
+    copiarEsquema(c, origen, tablasBavar(d));
+}
+
 // The texts of the company as the screens limit them.
 void comprobarTextos(const DatosNuevaEmpresa& d) {
     TextoCampo(Campo::NombreEmpresa, d.Nombre);
@@ -99,20 +151,39 @@ void SeleccionarEmpresa(Sesion& s, Ajustes& a, const QString& empresa, const QSt
 void CrearEmpresa(Sesion& s, Ajustes& a, const DatosNuevaEmpresa& d, bool reservadoPermitido) {
     if (s.enServidor()) {
         comprobar(s, d, reservadoPermitido);
-        if (!d.EmpresaOrigen.isEmpty())
-            throw Rechazo(QStringLiteral(
-                "En el servidor, las empresas nuevas se crean con las cuentas genéricas: copiar "
-                "las de otra empresa todavía no es posible."));
+        int anoOrigen = 0;
+        if (!d.EmpresaOrigen.isEmpty()) {
+            anoOrigen = UltimoEjercicio(s, d.EmpresaOrigen);
+            const QDir dirOrigen(s.carpetaEmpresa(d.EmpresaOrigen));
+            AbrirBaseEmpresa(s, dirOrigen.filePath(QStringLiteral("Quilmar%1.db").arg(anoOrigen)),
+                             TipoBase::Ejercicio);
+            AbrirBaseEmpresa(s, dirOrigen.filePath(QStringLiteral("Bavar.db")), TipoBase::Bavar);
+        }
         // The company is made as ever in a passing installation of its own and then copied to
-        // the server, where it appears whole or not at all.
+        // the server; the tables of another company are then copied there, schema to schema.
         QTemporaryDir carpeta;
         if (!carpeta.isValid())
             throw ErrorAlmacen(QStringLiteral("No se pudo crear una carpeta temporal."));
         Sesion paso;
         paso.AppPath = paso.DataPath = carpeta.path();
         Ajustes ajustesPaso(carpeta.path());
-        CrearEmpresa(paso, ajustesPaso, d, reservadoPermitido);
+        DatosNuevaEmpresa generica = d;
+        generica.EmpresaOrigen.clear();
+        CrearEmpresa(paso, ajustesPaso, generica, reservadoPermitido);
         MigrarEmpresaAServidor(paso, Servidor::DeUrl(s.UrlServidor), paso.EmpresaActual);
+        if (!d.EmpresaOrigen.isEmpty()) {
+            try {
+                copiarDeOtraServidor(s, d, anoOrigen);
+            } catch (...) {
+                // Whole or not at all: the company just made goes again.
+                try {
+                    EliminarEmpresaServidor(s, d.Codigo);
+                } catch (const ErrorQuilmar&) {
+                    // The first failure is the one to tell.
+                }
+                throw;
+            }
+        }
         // The company's documents (notes, budgets, tax files) stay on this machine, in its
         // folder as ever.
         QDir().mkpath(s.carpetaEmpresa(paso.EmpresaActual));
@@ -154,11 +225,7 @@ void CrearEmpresa(Sesion& s, Ajustes& a, const DatosNuevaEmpresa& d, bool reserv
             if (ejercicioOrigen.isEmpty()) {
                 CargarPlanGenerico(c);
             } else {
-                QStringList tablas{"Grupos", "Cuentas",    "TiposIVA",
-                                   "CliPro", "Provincias", "Paises"};
-                if (d.CopiarSectores)
-                    tablas << "Sectores";
-                copiarTablas(c, ejercicioOrigen, tablas);
+                copiarTablas(c, ejercicioOrigen, tablasEjercicio(d));
             }
             c.ejecutar(
                 QStringLiteral("INSERT INTO Empresa (Codigo, Nombre, NIF, Domicilio, \"Nº\", "
@@ -170,18 +237,7 @@ void CrearEmpresa(Sesion& s, Ajustes& a, const DatosNuevaEmpresa& d, bool reserv
                  FechaISO(d.FechaIni)});
         }
         if (!bavarOrigen.isEmpty()) {
-            QStringList tablas;
-            if (d.CopiarConceptos)
-                tablas << "Conceptos";
-            if (d.CopiarPeriodicos)
-                tablas << "Periodicos";
-            if (d.CopiarPredisenados)
-                tablas << "AsPredi";
-            if (d.CopiarInventario)
-                tablas << "Inventario"
-                       << "Centros";
-            if (d.CopiarVencimientos)
-                tablas << "Vencimientos";
+            const QStringList tablas = tablasBavar(d);
             if (!tablas.isEmpty()) {
                 Conexion c = AbrirBaseEmpresa(s, rutaBavar, TipoBase::Bavar);
                 copiarTablas(c, bavarOrigen, tablas);
@@ -266,11 +322,15 @@ bool EliminarEmpresa(Sesion& s, Dialogo& d, const QString& codigo, const QString
                                     "eliminarla?")))
         return false;
 
+    if (s.enServidor())
+        EliminarEmpresaServidor(s, codigo);
     QDir dir(s.carpetaEmpresa(carpeta));
     if (dir.exists() && !dir.removeRecursively())
         throw ErrorAlmacen(QStringLiteral("No se pudieron borrar todos los archivos de la "
                                           "carpeta %1.")
                                .arg(QDir::toNativeSeparators(dir.path())));
+    if (s.enServidor())
+        return true;
     // Nemp.dat is rewritten through a copy without the company's record.
     QList<RegistroNemp> quedan;
     for (const RegistroNemp& r : LeerNemp(s.rutaNemp()))

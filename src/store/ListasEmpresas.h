@@ -4,6 +4,7 @@
 // every start).
 
 #include <QList>
+#include <QMap>
 #include <QString>
 
 struct RegistroSelan {
@@ -37,6 +38,18 @@ class Conexion;
 // folders on files, the tables Ejercicios and Empresas of the installation's schema on a server.
 QList<RegistroSelan> EjerciciosDe(const Sesion& s, const QString& empresa);
 QList<RegistroNemp> EmpresasDe(const Sesion& s);
+// The companies the screens offer to choose: Nemp.dat on files (rebuilt at every start), the
+// table on a server.
+QList<RegistroNemp> ListaEmpresas(const Sesion& s);
 // On a server: records an exercise (and its company) in those tables, in the caller's
 // transaction on the installation's schema.
 void AnotarEjercicioServidor(Conexion& bavis, const RegistroSelan& r);
+// On a server: the companies that have a schema there, by code ("001"), each with the years of
+// its exercises' schemas in order (-1 first when the company's own schema is missing).
+QMap<QString, QList<int>> EsquemasEnServidor(const Sesion& s);
+// On a server: drops an exercise's schema and its line in the list, in one transaction. The
+// company keeps the name of its latest exercise left.
+void EliminarEjercicioServidor(const Sesion& s, const QString& codigo, int ano);
+// On a server: drops the schemas of a company and of all its exercises and its lines in both
+// lists, in one transaction.
+void EliminarEmpresaServidor(const Sesion& s, const QString& codigo);

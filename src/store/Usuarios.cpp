@@ -56,12 +56,13 @@ QString nombreLimpio(const QString& nombre) {
 
 // The stored hash of a user, or no value when the user doesn't exist.
 QVariant claveGuardada(Conexion& c, const QString& usuario) {
-    return c.escalar(QStringLiteral("SELECT \"Contraseña\" FROM Usuarios WHERE Usuario = ?"),
-                     {usuario});
+    return c.escalar(
+        QStringLiteral("SELECT \"Contraseña\" FROM Usuarios WHERE Usuario = ? COLLATE NOCASE"),
+        {usuario});
 }
 
 bool existenOtros(Conexion& c) {
-    return c.existe(QStringLiteral("SELECT 1 FROM Usuarios WHERE Usuario <> ?"),
+    return c.existe(QStringLiteral("SELECT 1 FROM Usuarios WHERE Usuario <> ? COLLATE NOCASE"),
                     {UsuarioAdministrador});
 }
 
@@ -169,8 +170,9 @@ bool PonerContrasena(Sesion& s, Dialogo& d, const QString& nombre, const QString
         d.Informar(MsgProcesoCancelado);
         return false;
     }
-    c.ejecutar(QStringLiteral("UPDATE Usuarios SET \"Contraseña\" = ? WHERE Usuario = ?"),
-               {CifrarClave(clave), n});
+    c.ejecutar(
+        QStringLiteral("UPDATE Usuarios SET \"Contraseña\" = ? WHERE Usuario = ? COLLATE NOCASE"),
+        {CifrarClave(clave), n});
     if (n.compare(s.UsuarioActual, Qt::CaseInsensitive) == 0)
         s.ClaveActual = clave;
     d.Informar(MsgClavePuesta);
@@ -191,8 +193,9 @@ bool QuitarContrasena(Sesion& s, Dialogo& d) {
         d.Informar(MsgQuitarConUsuarios);
         return false;
     }
-    c.ejecutar(QStringLiteral("UPDATE Usuarios SET \"Contraseña\" = '' WHERE Usuario = ?"),
-               {UsuarioAdministrador});
+    c.ejecutar(
+        QStringLiteral("UPDATE Usuarios SET \"Contraseña\" = '' WHERE Usuario = ? COLLATE NOCASE"),
+        {UsuarioAdministrador});
     s.ClaveActual.clear();
     d.Informar(MsgClaveQuitada);
     return true;
@@ -239,7 +242,7 @@ bool EliminarUsuario(Sesion& s, Dialogo& d, const QString& nombre) {
                      QStringLiteral("?")))
         return false;
     Conexion c = AbrirAvisos(s);
-    if (c.ejecutar(QStringLiteral("DELETE FROM Usuarios WHERE Usuario = ?"), {n})
+    if (c.ejecutar(QStringLiteral("DELETE FROM Usuarios WHERE Usuario = ? COLLATE NOCASE"), {n})
             .numRowsAffected() == 0) {
         d.Informar(MsgProcesoCancelado);
         return false;

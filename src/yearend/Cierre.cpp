@@ -339,7 +339,8 @@ RespuestaCierre PedirCierre(Sesion& s, Dialogo& d, const PeticionCierre& p,
                 return r;
         }
         {
-            Conexion destino(s.rutaEjercicio(traspaso.ano), TipoBase::Ejercicio);
+            Conexion destino =
+                AbrirBaseEmpresa(s, s.rutaEjercicio(traspaso.ano), TipoBase::Ejercicio);
             if (cerrado(destino, {}))
                 return rechazar(msgDestinoCerrado(traspaso.ano), CampoCierre::Ano);
             if (asientoOcupado(destino, {}, traspaso.asiento))

@@ -3,6 +3,7 @@
 // both that the guard holds and that it comes before the rest.
 
 #include "PlanPrueba.h"
+#include "ServidorPruebas.h"
 #include "chart/CliPro.h"
 #include "platform/Ficheros.h"
 
@@ -18,7 +19,8 @@ protected:
         sc = nueva(4, "4430", "Objeto", f);
         ASSERT_EQ(sc, "443000071");
         otroEjercicio(2023);
-        anterior = std::make_unique<Conexion>(e.sesion.rutaEjercicio(2023), TipoBase::Ejercicio);
+        anterior.reset(new Conexion(
+            AbrirBaseEmpresa(e.sesion, e.sesion.rutaEjercicio(2023), TipoBase::Ejercicio)));
     }
     void TearDown() override { anterior.reset(); }
 
@@ -138,6 +140,7 @@ TEST_F(Guardas, RespuestaNoDejaLaSubcuenta) {
 }
 
 TEST_F(Guardas, ListaDeEjerciciosEnUso) {
+    SOLO_EN_ARCHIVOS("el bloqueo de Selan.dat");
     usarDesde(3);
     BloqueoFichero bloqueo(e.sesion.rutaSelan());
     ASSERT_TRUE(bloqueo.conseguido());

@@ -364,8 +364,15 @@ TEST_F(Sectores, UnFalloNoDejaNadaAMedias) {
     {
         // A trigger makes the deletion of the second entry fail midway.
         Conexion c = e.datos();
-        c.ejecutar("CREATE TRIGGER Falla BEFORE DELETE ON Diario WHEN OLD.NAs = 2 "
-                   "BEGIN SELECT RAISE(ABORT, 'prueba'); END");
+        if (c.enServidor()) {
+            c.ejecutar("CREATE FUNCTION falla() RETURNS trigger LANGUAGE plpgsql AS $$BEGIN "
+                       "IF OLD.NAs = 2 THEN RAISE EXCEPTION 'prueba'; END IF; RETURN OLD; END$$");
+            c.ejecutar("CREATE TRIGGER Falla BEFORE DELETE ON Diario FOR EACH ROW EXECUTE "
+                       "FUNCTION falla()");
+        } else {
+            c.ejecutar("CREATE TRIGGER Falla BEFORE DELETE ON Diario WHEN OLD.NAs = 2 "
+                       "BEGIN SELECT RAISE(ABORT, 'prueba'); END");
+        }
     }
     e.dialogo.responder({true, true, true});
     EXPECT_EQ(EliminarSector(e.sesion, e.dialogo, IdDeSector(e.sesion, "Tienda")), -1);

@@ -1,9 +1,11 @@
 #pragma once
-// A company with the generic chart in 2024, and helpers for the chart tests: another exercise made
-// by copying the database, new subaccounts, and reading rows back.
+// A company with the generic chart in 2024, and helpers for the chart tests: another exercise,
+// new subaccounts, and reading rows back.
 
 #include "Entorno.h"
 #include "chart/PlanCuentas.h"
+#include "store/Conexiones.h"
+#include "store/Ejercicios.h"
 #include "store/ListasEmpresas.h"
 
 #include <QFile>
@@ -13,22 +15,16 @@ class PlanPrueba : public ::testing::Test {
 protected:
     void SetUp() override { e.crearEmpresa(QStringLiteral("001"), 2024); }
 
-    // Another exercise of the company, as a copy of this one's database with its own record in
-    // Selan.dat (after the present ones). Its journal starts empty.
+    // Another exercise of the company, made from this one (its chart, an empty journal, its own
+    // line in the list after the present ones), on the engine of the run. The session stays.
     void otroEjercicio(int ano) {
-        const QString destino = e.sesion.rutaEjercicio(ano);
-        EXPECT_TRUE(QFile::copy(e.sesion.rutaEjercicio(), destino));
-        AnadirSelan(e.sesion.rutaSelan(),
-                    {QString::number(ano), QStringLiteral("001"), QStringLiteral("Pruebas SL")});
-        Conexion c = ejercicio(ano);
-        c.ejecutar(QStringLiteral("DELETE FROM Diario"));
-        c.ejecutar(QStringLiteral("DELETE FROM Mayor"));
-        c.ejecutar(QStringLiteral("DELETE FROM DatosIVA"));
-        c.ejecutar(QStringLiteral("UPDATE Empresa SET FechaIni = ?"),
-                   {QStringLiteral("%1-01-01").arg(ano)});
+        Sesion copia = e.sesion;
+        CrearEjercicio(copia, e.dialogo, ano, e.sesion.AnoActual);
     }
     Conexion ejercicio(int ano) const {
-        return Conexion(e.sesion.rutaEjercicio(ano), TipoBase::Ejercicio);
+        Sesion s = e.sesion;
+        s.AnoActual = static_cast<qint16>(ano);
+        return AbrirDatos(s);
     }
 
     // Adds a subaccount and returns its code; fails the test when refused.

@@ -38,3 +38,11 @@ bool PruebasEnServidor();
             GTEST_SKIP() << "Sin servidor PostgreSQL para las pruebas: "                           \
                          << ServidorPruebas::instancia().motivo().toStdString();                   \
     } while (0)
+
+// Skips, in the server run, a test of something only the files have (a list file's bytes, a
+// file lock, a journal mode), with the reason shown.
+#define SOLO_EN_ARCHIVOS(motivo)                                                                   \
+    do {                                                                                           \
+        if (PruebasEnServidor())                                                                   \
+            GTEST_SKIP() << "Solo en archivos: " << (motivo);                                      \
+    } while (0)

@@ -1,8 +1,11 @@
 // The company list and its repair, on prepared folders.
 
-#include "Entorno.h"
-#include "platform/Ficheros.h"
 #include "store/CargarEmp.h"
+#include "Entorno.h"
+#include "ServidorPruebas.h"
+#include "platform/Ficheros.h"
+#include "store/Conexiones.h"
+#include "store/Ejercicios.h"
 #include "store/ListasEmpresas.h"
 
 #include <QDir>
@@ -25,6 +28,7 @@ void carpetaConSelan(Entorno& e, const QString& carpeta, const QList<RegistroSel
 }
 
 TEST(CargarEmp, SoloCarpetasEmpDeSeisCaracteresConEjercicios) {
+    SOLO_EN_ARCHIVOS("la lista se lee de las carpetas y sus Selan.dat");
     Entorno e;
     carpetaConSelan(e, "Emp002", {{"2007", "002", "Dos"}, {"2008", "002", "Dos"}});
     carpetaConSelan(e, "Emp001", {{"2008", "001", "Uno"}});
@@ -41,6 +45,7 @@ TEST(CargarEmp, SoloCarpetasEmpDeSeisCaracteresConEjercicios) {
 }
 
 TEST(CargarEmp, ElUltimoRegistroDeSelanDaElNombreEnNemp) {
+    SOLO_EN_ARCHIVOS("Nemp.dat y Selan.dat");
     Entorno e;
     carpetaConSelan(e, "Emp001", {{"2007", "001", "Antigua"}, {"2008", "001", "Nueva"}});
     CargarEmp(e.sesion, e.dialogo);
@@ -48,6 +53,7 @@ TEST(CargarEmp, ElUltimoRegistroDeSelanDaElNombreEnNemp) {
 }
 
 TEST(CargarEmp, UnSelanQueNombraOtraCarpetaNoCuelgaElListado) {
+    SOLO_EN_ARCHIVOS("la lista se lee de las carpetas y sus Selan.dat");
     Entorno e;
     carpetaConSelan(e, "Emp001", {{"2008", "001", "Uno"}});
     // A folder copied by hand: its Selan.dat still names company 007, whose folder is missing.
@@ -56,6 +62,7 @@ TEST(CargarEmp, UnSelanQueNombraOtraCarpetaNoCuelgaElListado) {
 }
 
 TEST(CargarEmp, SelanOcupadoDetieneElListado) {
+    SOLO_EN_ARCHIVOS("el bloqueo de Selan.dat");
     Entorno e;
     carpetaConSelan(e, "Emp001", {{"2008", "001", "Uno"}});
     BloqueoFichero otro(e.ruta("Emp001/Selan.dat"));
@@ -65,6 +72,8 @@ TEST(CargarEmp, SelanOcupadoDetieneElListado) {
 }
 
 TEST(ActEjercicios, RehaceSelanDesdeLasBasesDeDatos) {
+    SOLO_EN_ARCHIVOS(
+        "Selan.dat rehecho desde los archivos (en el servidor, ActEjercicios.EnElServidor...)");
     Entorno e;
     e.crearEmpresa("001", 2007, "Uno");
     QFile::copy(e.ruta("Emp001/Quilmar2007.db"), e.ruta("Emp001/Quilmar2008.db"));
@@ -80,6 +89,8 @@ TEST(ActEjercicios, RehaceSelanDesdeLasBasesDeDatos) {
 }
 
 TEST(ActEjercicios, DiceCadaProblemaYSigue) {
+    SOLO_EN_ARCHIVOS(
+        "archivos dañados o fuera de su carpeta (en el servidor, ActEjercicios.EnElServidor...)");
     Entorno e;
     e.crearEmpresa("001", 2007, "Uno");
     e.crearEmpresa("002", 2008, "Dos");
@@ -104,6 +115,7 @@ TEST(ActEjercicios, DiceCadaProblemaYSigue) {
 }
 
 TEST(ActEjercicios, SinNombreReparaLaCarpetaDelProgramaNoLaDeDatos) {
+    SOLO_EN_ARCHIVOS("las carpetas de una instalación cliente");
     Entorno e;
     QTemporaryDir servidor;
     e.sesion.DataPath = servidor.path(); // a client installation
@@ -113,6 +125,50 @@ TEST(ActEjercicios, SinNombreReparaLaCarpetaDelProgramaNoLaDeDatos) {
     EXPECT_FALSE(QFile::exists(QDir(servidor.path()).filePath("Emp001/Selan.dat")));
     ActEjercicios(e.sesion, "Emp001", e.dialogo);
     EXPECT_EQ(LeerSelan(QDir(servidor.path()).filePath("Emp001/Selan.dat")).size(), 1);
+}
+
+// On a server the lists are tables; the repair rebuilds them from the schemas there, with the
+// same messages as on files.
+TEST(ActEjercicios, EnElServidorRehaceLasListasDesdeLosEsquemas) {
+    if (!PruebasEnServidor())
+        GTEST_SKIP() << "Solo en el servidor: en archivos lo prueban las pruebas de Selan.dat";
+    Entorno e;
+    e.crearEmpresa("001", 2007, "Uno");
+    CrearEjercicio(e.sesion, e.dialogo, 2008);
+    e.crearEmpresa("002", 2008, "Dos");
+    e.crearEmpresa("003", 2008, "Tres");
+    Conexion servidor = AbrirServidor(e.sesion, "public");
+    {
+        // Lists gone astray, a year of company Uno dropped into Dos, a damaged year of Dos,
+        // a company that lost its own schema and one left without exercises.
+        Conexion bavis = AbrirAvisos(e.sesion);
+        bavis.ejecutar("DELETE FROM Ejercicios");
+        bavis.ejecutar("DELETE FROM Empresas");
+        bavis.ejecutar("INSERT INTO Ejercicios (Ano, Codigo, Nombre) VALUES ('1999', '001', 'X')");
+        servidor.ejecutar("CREATE SCHEMA emp002_2009");
+        servidor.ejecutar("CREATE TABLE emp002_2009.empresa AS SELECT * FROM emp001_2007.empresa");
+        servidor.ejecutar("CREATE SCHEMA emp002_2010");
+        servidor.ejecutar("CREATE SCHEMA emp005_2010");
+        servidor.ejecutar("DROP SCHEMA emp003_2008 CASCADE");
+    }
+    ActEjercicios(e.sesion, "", e.dialogo);
+    EXPECT_EQ(e.dialogo.textos,
+              QStringList({"La base de datos Quilmar2009 no corresponde a la la actual empresa.",
+                           "Error en base de datos de la empresa Emp002",
+                           "No está la base de datos de la empresa Emp003",
+                           "Falta base de datos en la empresa Emp005"}));
+    EXPECT_EQ(filas(CargarEmp(e.sesion, e.dialogo)),
+              QStringList({"Emp001|Uno|2007", "Emp001|Uno|2008", "Emp002|Dos|2008"}));
+
+    // One company only: the others are left as they are.
+    Conexion bavis = AbrirAvisos(e.sesion);
+    bavis.ejecutar("DELETE FROM Ejercicios WHERE Codigo = '001' AND Ano = '2007'");
+    bavis.ejecutar("DELETE FROM Ejercicios WHERE Codigo = '002'");
+    e.dialogo.textos.clear();
+    ActEjercicios(e.sesion, "Emp001", e.dialogo);
+    EXPECT_TRUE(e.dialogo.textos.isEmpty()) << e.dialogo.textos.join('|').toStdString();
+    EXPECT_EQ(filas(CargarEmp(e.sesion, e.dialogo)),
+              QStringList({"Emp001|Uno|2007", "Emp001|Uno|2008"}));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "store/Ejercicios.h"
 #include "Entorno.h"
+#include "ServidorPruebas.h"
 #include "platform/Ficheros.h"
 #include "store/Conexiones.h"
 #include "store/ListasEmpresas.h"
@@ -33,9 +34,19 @@ QStringList ficheros(const QString& raiz) {
 
 QStringList anosSelan(Entorno& e) {
     QStringList r;
-    for (const RegistroSelan& s : LeerSelan(e.sesion.rutaSelan()))
+    for (const RegistroSelan& s : EjerciciosDe(e.sesion, e.sesion.EmpresaActual))
         r << s.Ano + "|" + s.Codigo + "|" + s.Nombre;
     return r;
+}
+
+// The database of an exercise lost while its line in the list stays.
+void QuitarBase(Entorno& e, const QString& empresa, int ano) {
+    if (!e.sesion.enServidor()) {
+        QFile::remove(e.ruta(QStringLiteral("%1/Quilmar%2.db").arg(empresa).arg(ano)));
+        return;
+    }
+    Conexion c = AbrirServidor(e.sesion, "public");
+    c.ejecutar(QStringLiteral("DROP SCHEMA %1_%2 CASCADE").arg(empresa.toLower()).arg(ano));
 }
 
 // A company whose exercise starts on 1 July, with entries, VAT records and day cash.
@@ -96,7 +107,8 @@ TEST(CrearEjercicio, CopiaElPlanYVaciaLosMovimientos) {
     }
     EXPECT_EQ(anosSelan(e), QStringList({"2024|001|Taller Pérez", "2025|001|Taller Pérez"}));
     // The exercise it came from keeps its books.
-    Conexion antiguo(e.sesion.rutaEjercicio(2024), TipoBase::Ejercicio);
+    Conexion antiguo =
+        AbrirBaseEmpresa(e.sesion, e.sesion.rutaEjercicio(2024), TipoBase::Ejercicio);
     EXPECT_EQ(cuenta(antiguo, "Diario"), 5);
     EXPECT_EQ(cuenta(antiguo, "DelDia"), 1);
     EXPECT_FALSE(QDir(e.sesion.carpetaEmpresa())
@@ -143,13 +155,26 @@ TEST(CrearEjercicio, RechazosSinDejarNada) {
     EXPECT_EQ(mensaje(2024), "Ya existe el ejercicio 2024.");
     EXPECT_EQ(mensaje(25), "Indique el año (con cuatro cifras)");
     EXPECT_EQ(mensaje(2026, 2019), MsgFaltaEjercicio(e.sesion, 2019));
-    {
-        BloqueoFichero ocupado(e.sesion.rutaSelan());
-        ASSERT_TRUE(ocupado.conseguido());
-        EXPECT_EQ(mensaje(2025), "El archivo está en uso.");
+    EXPECT_EQ(ficheros(e.dir.path()), antes);
+    EXPECT_FALSE(ExisteEjercicio(e.sesion, 2026));
+    EXPECT_EQ(EjerciciosEmpresa(e.sesion), QList<int>({2024}));
+    EXPECT_EQ(e.sesion.AnoActual, 2024);
+}
+
+TEST(CrearEjercicio, SelanOcupadoLoRechaza) {
+    SOLO_EN_ARCHIVOS("el bloqueo de Selan.dat");
+    Entorno e;
+    e.crearEmpresa("003", 2024, "Rechazos");
+    const QStringList antes = ficheros(e.dir.path());
+    BloqueoFichero ocupado(e.sesion.rutaSelan());
+    ASSERT_TRUE(ocupado.conseguido());
+    try {
+        CrearEjercicio(e.sesion, e.dialogo, 2025);
+        ADD_FAILURE() << "creado";
+    } catch (const Rechazo& r) {
+        EXPECT_EQ(r.mensaje(), "El archivo está en uso.");
     }
     EXPECT_EQ(ficheros(e.dir.path()), antes);
-    EXPECT_EQ(e.sesion.AnoActual, 2024);
 }
 
 TEST(EliminarEjercicio, ConfirmacionesYBorraSoloEseEjercicio) {
@@ -187,6 +212,15 @@ TEST(EliminarEjercicio, ConfirmacionesYBorraSoloEseEjercicio) {
     EXPECT_EQ(ficheros(e.dir.path()), esperado) << "the rest, Bavar.db included, stays";
     EXPECT_EQ(anosSelan(e), QStringList({"2025|001|Uno"}));
     EXPECT_EQ(EjerciciosEmpresa(e.sesion), QList<int>({2025}));
+    EXPECT_FALSE(ExisteEjercicio(e.sesion, 2024));
+    EXPECT_TRUE(ExisteEjercicio(e.sesion, 2025));
+    Sesion dos = e.sesion;
+    dos.EmpresaActual = "Emp002";
+    EXPECT_TRUE(ExisteEjercicio(dos, 2024));
+    EXPECT_EQ(EjerciciosEmpresa(dos), QList<int>({2024, 2025}));
+    // The year can be made again.
+    CrearEjercicio(e.sesion, e.dialogo, 2024, 2025);
+    EXPECT_EQ(EjerciciosEmpresa(e.sesion), QList<int>({2025, 2024}));
 }
 
 TEST(Seleccion, UnEjercicioSinBaseDeDatosAvisaYNoCambiaNada) {
@@ -194,7 +228,7 @@ TEST(Seleccion, UnEjercicioSinBaseDeDatosAvisaYNoCambiaNada) {
     e.crearEmpresa("001", 2024, "Uno");
     CrearEjercicio(e.sesion, e.dialogo, 2025);
     e.crearEmpresa("002", 2024, "Dos");
-    QFile::remove(e.ruta("Emp001/Quilmar2025.db"));
+    QuitarBase(e, "Emp001", 2025);
     const Sesion antes = e.sesion;
 
     EXPECT_FALSE(EntrarEnEmpresa(e.sesion, *e.ajustes, e.dialogo, "Emp001", "Uno", 2025));

@@ -2,8 +2,10 @@
 // as the modification screen keeps them.
 
 #include "Entorno.h"
+#include "ServidorPruebas.h"
 #include "store/CargarEmp.h"
 #include "store/Conexiones.h"
+#include "store/Ejercicios.h"
 #include "store/Empresas.h"
 #include "store/ListasEmpresas.h"
 
@@ -36,6 +38,7 @@ QStringList codigosNemp(const Entorno& e) {
 }
 
 TEST(EliminarEmpresa, ConfirmacionesYSoloSusFicheros) {
+    SOLO_EN_ARCHIVOS("los archivos de la carpeta y Nemp.dat");
     Entorno e;
     e.crearEmpresa("001", 2024, "Uno");
     e.crearEmpresa("002", 2024, "Dos SL");
@@ -81,6 +84,43 @@ TEST(EliminarEmpresa, ConfirmacionesYSoloSusFicheros) {
     EXPECT_EQ(CargarEmp(e.sesion, e.dialogo).size(), 2);
 }
 
+// On either engine: the company and every exercise of it are gone from the lists and can no
+// longer be opened, the others stay, and its code is free again.
+TEST(EliminarEmpresa, LaEmpresaYSusEjerciciosDesaparecen) {
+    Entorno e;
+    e.crearEmpresa("001", 2024, "Uno");
+    e.crearEmpresa("002", 2024, "Dos SL");
+    CrearEjercicio(e.sesion, e.dialogo, 2025);
+    e.crearEmpresa("003", 2024, "Tres");
+    auto lista = [&] {
+        QStringList r;
+        for (const FilaEmpresa& f : CargarEmp(e.sesion, e.dialogo))
+            r << f.Codigo + "|" + f.Ano;
+        return r;
+    };
+    ASSERT_EQ(lista(), QStringList({"Emp001|2024", "Emp002|2024", "Emp002|2025", "Emp003|2024"}));
+
+    e.dialogo.responder({true, true});
+    EXPECT_TRUE(EliminarEmpresa(e.sesion, e.dialogo, "002", "Dos SL"));
+    EXPECT_EQ(lista(), QStringList({"Emp001|2024", "Emp003|2024"}));
+    EXPECT_FALSE(QDir(e.ruta("Emp002")).exists());
+    Sesion dos = e.sesion;
+    dos.EmpresaActual = "Emp002";
+    EXPECT_FALSE(ExisteEjercicio(dos, 2024));
+    EXPECT_FALSE(ExisteEjercicio(dos, 2025));
+    EXPECT_TRUE(EjerciciosDe(e.sesion, "Emp002").isEmpty());
+    EXPECT_THROW(AbrirBaseEmpresa(e.sesion, dos.rutaBavar(), TipoBase::Bavar), ErrorAlmacen);
+    Sesion uno = e.sesion;
+    uno.EmpresaActual = "Emp001";
+    uno.AnoActual = 2024;
+    EXPECT_NO_THROW(AbrirDatos(uno));
+    EXPECT_NO_THROW(AbrirBavar(uno));
+
+    e.crearEmpresa("002", 2026, "Otra Dos");
+    EXPECT_EQ(lista(), QStringList({"Emp001|2024", "Emp002|2026", "Emp003|2024"}));
+    EXPECT_EQ(EjerciciosDe(e.sesion, "Emp002").value(0).Nombre, "Otra Dos");
+}
+
 TEST(EliminarEmpresa, UnCodigoQueNoEsDeTresCifrasNoBorraNada) {
     Entorno e;
     e.crearEmpresa("001", 2024, "Uno");
@@ -100,6 +140,16 @@ TEST(DatosEmpresa, SeLeenYSeGuardanSinTocarLasListas) {
         f.open(QIODevice::ReadOnly);
         return f.readAll();
     }();
+    auto listas = [&] {
+        QStringList r;
+        for (const RegistroSelan& l : EjerciciosDe(e.sesion, "Emp004"))
+            r << l.Ano + "|" + l.Codigo + "|" + l.Nombre;
+        for (const RegistroNemp& l : EmpresasDe(e.sesion))
+            r << l.Codigo + "|" + l.Nombre;
+        return r;
+    };
+    const QStringList antes = listas();
+    ASSERT_EQ(antes, QStringList({"2024|004|Antiguo", "004|Antiguo"}));
     DatosNuevaEmpresa d = LeerDatosEmpresa(e.sesion);
     EXPECT_EQ(d.Codigo, "004");
     EXPECT_EQ(d.Nombre, "Antiguo");
@@ -123,6 +173,7 @@ TEST(DatosEmpresa, SeLeenYSeGuardanSinTocarLasListas) {
     QFile f(e.sesion.rutaSelan());
     f.open(QIODevice::ReadOnly);
     EXPECT_EQ(f.readAll(), selan);
+    EXPECT_EQ(listas(), antes);
 
     d.Nombre = " ";
     EXPECT_THROW(GuardarDatosEmpresa(e.sesion, d), Rechazo);

@@ -1,9 +1,9 @@
 // Making a company from the generic template or from another company.
 
+#include "store/Empresas.h"
 #include "Entorno.h"
 #include "store/CargarEmp.h"
 #include "store/Conexiones.h"
-#include "store/Empresas.h"
 #include "store/ListasEmpresas.h"
 
 #include <QDir>
@@ -70,11 +70,11 @@ TEST(CrearEmpresa, DesdeLaPlantillaGenerica) {
     Conexion b = e.bavar();
     EXPECT_EQ(cuenta(b, "Conceptos"), 0);
 
-    const QList<RegistroSelan> selan = LeerSelan(e.ruta("Emp007/Selan.dat"));
+    const QList<RegistroSelan> selan = EjerciciosDe(e.sesion, "Emp007");
     ASSERT_EQ(selan.size(), 1);
     EXPECT_EQ(selan[0].Ano, "2024");
     EXPECT_EQ(selan[0].Codigo, "007");
-    EXPECT_EQ(LeerNemp(e.sesion.rutaNemp()).value(0).Codigo, "007");
+    EXPECT_EQ(ListaEmpresas(e.sesion).value(0).Codigo, "007");
     EXPECT_EQ(CargarEmp(e.sesion, e.dialogo).size(), 1);
 }
 
@@ -95,12 +95,17 @@ TEST(CrearEmpresa, RechazosSinDejarNadaEnDisco) {
     e.crearEmpresa("012", 2024, "Primera");
     EXPECT_EQ(mensaje(datos("012", "Segunda")), "Ya existe una Empresa con el código 012.");
     // A damaged source company: a store error, and no folder left behind.
-    QFile::resize(e.ruta("Emp012/Quilmar2024.db"), 100);
+    if (e.sesion.enServidor())
+        e.datos().ejecutar("DROP TABLE Empresa");
+    else
+        QFile::resize(e.ruta("Emp012/Quilmar2024.db"), 100);
     DatosNuevaEmpresa d = datos("013", "Copia");
     d.EmpresaOrigen = "Emp012";
     EXPECT_THROW(CrearEmpresa(e.sesion, *e.ajustes, d), ErrorAlmacen);
     EXPECT_EQ(QDir(e.dir.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden),
               QStringList({"Emp012"}));
+    EXPECT_EQ(ListaEmpresas(e.sesion).size(), 1);
+    EXPECT_TRUE(EjerciciosDe(e.sesion, "Emp013").isEmpty());
 }
 
 TEST(CrearEmpresa, DesdeOtraEmpresaCopiaSoloLoElegido) {
@@ -128,6 +133,34 @@ TEST(CrearEmpresa, DesdeOtraEmpresaCopiaSoloLoElegido) {
     EXPECT_EQ(cuenta(c, "Mayor"), 0);
     Conexion b = e.bavar();
     EXPECT_EQ(cuenta(b, "Conceptos"), 1);
+    EXPECT_EQ(cuenta(b, "Vencimientos"), 0);
+}
+
+// A copy that fails halfway (a table of the source company is gone) leaves no company behind, on
+// files or on the server, and the code can be used again.
+TEST(CrearEmpresa, DesdeOtraEmpresaQueFallaNoDejaNada) {
+    Entorno e;
+    e.crearEmpresa("001", 2024, "Origen");
+    {
+        Conexion b = e.bavar();
+        b.ejecutar(b.enServidor() ? "DROP TABLE Vencimientos CASCADE" : "DROP TABLE Vencimientos");
+    }
+    DatosNuevaEmpresa d = datos("002", "Copia");
+    d.EmpresaOrigen = "Emp001";
+    d.CopiarConceptos = true;
+    d.CopiarVencimientos = true;
+    EXPECT_THROW(CrearEmpresa(e.sesion, *e.ajustes, d), ErrorAlmacen);
+    EXPECT_EQ(e.sesion.EmpresaActual, "Emp001");
+    EXPECT_TRUE(EjerciciosDe(e.sesion, "Emp002").isEmpty());
+    Sesion copia = e.sesion;
+    copia.EmpresaActual = "Emp002";
+    EXPECT_FALSE(ExisteEjercicio(copia, 2024));
+    EXPECT_FALSE(QDir(e.ruta("Emp002")).exists());
+
+    d.CopiarVencimientos = false;
+    CrearEmpresa(e.sesion, *e.ajustes, d);
+    EXPECT_EQ(e.sesion.EmpresaActual, "Emp002");
+    Conexion b = e.bavar();
     EXPECT_EQ(cuenta(b, "Vencimientos"), 0);
 }
 

@@ -4,6 +4,7 @@
 // full disk, a read-only connection, a held write lock, a cut copy of a database.
 
 #include "Entorno.h"
+#include "ServidorPruebas.h"
 #include "store/Conexiones.h"
 #include "store/Esquema.h"
 #include "store/Instalacion.h"
@@ -49,6 +50,7 @@ void sinTextoDelMotor(const QString& m) {
 class FallosAlmacen : public ::testing::Test {
 protected:
     void SetUp() override {
+        SOLO_EN_ARCHIVOS("fallos provocados con los medios de SQLite");
         e.crearEmpresa();
         e.asiento(QDate(2024, 1, 2), {Debe(Caja, 100), Haber(Banco, 100)});
     }
@@ -157,6 +159,7 @@ TEST_F(FallosAlmacen, UnaCopiaCortadaEsUnArchivoDanado) {
 // folder and uses the rollback journal; the installation's own databases are always local.
 // Every writing connection syncs fully (2).
 TEST(Almacen, DiarioSegunLaClaseDeInstalacion) {
+    SOLO_EN_ARCHIVOS("el diario (journal_mode) de los archivos");
     Entorno e;
     e.crearEmpresa();
     Sesion cliente = e.sesion;

@@ -12,9 +12,11 @@ namespace {
 // keeps them).
 void usuarios(Entorno& e, const QList<QPair<QString, QString>>& lista) {
     Conexion c = AbrirAvisos(e.sesion);
-    for (const auto& u : lista)
-        c.ejecutar("INSERT OR REPLACE INTO Usuarios (Usuario, \"Contraseña\") VALUES (?, ?)",
+    for (const auto& u : lista) {
+        c.ejecutar("DELETE FROM Usuarios WHERE Usuario = ?", {u.first});
+        c.ejecutar("INSERT INTO Usuarios (Usuario, \"Contraseña\") VALUES (?, ?)",
                    {u.first, CifrarClave(u.second)});
+    }
 }
 
 QString guardada(Entorno& e, const QString& usuario) {

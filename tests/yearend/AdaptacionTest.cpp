@@ -168,7 +168,7 @@ TEST(Adaptacion, TodoONada) {
     EscribirTransnp(RutaTransnp(e.sesion), previos);
     {
         Conexion b = e.bavar();
-        b.ejecutar("DROP TABLE Inventario");
+        b.ejecutar(b.enServidor() ? "DROP TABLE Inventario CASCADE" : "DROP TABLE Inventario");
     }
     EXPECT_THROW(AdaptarPlan(e.sesion, e.dialogo), ErrorAlmacen);
     Conexion c = e.datos();
@@ -270,7 +270,14 @@ TEST(Adaptacion, AlCrearYAlElegirEjercicio) {
 TEST(Adaptacion, LineaDeOrdenes) {
     Entorno e;
     planAntiguo(e, 2008);
-    const QString datos = e.dir.path();
+    const QString carpeta = e.dir.path();
+    // On the engine of the run.
+    const QStringList motor =
+        e.sesion.enServidor() ? QStringList{"--servidor", e.sesion.UrlServidor} : QStringList();
+    auto EjecutarCli = [&](const QString& datos, const QStringList& args) {
+        return ::EjecutarCli(datos, motor + args);
+    };
+    const QString& datos = carpeta;
     ResultadoCli r = EjecutarCli(datos, {"--empresa", "Emp001", "--ano", "2008", "adaptar"});
     EXPECT_EQ(r.codigo, 1);
     EXPECT_TRUE(r.error.contains("Desea continuar?")) << r.error.toStdString();

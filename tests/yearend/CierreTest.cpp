@@ -411,7 +411,7 @@ TEST_F(Cierre, EjercicioNuevoOSinTraspaso) {
     p.ano = "2025";
     e.dialogo.responder({false});
     EXPECT_FALSE(PedirCierre(e.sesion, e.dialogo, p).cerrado);
-    EXPECT_FALSE(QFile::exists(e.sesion.rutaEjercicio(2025))) << "No creates nothing";
+    EXPECT_FALSE(ExisteEjercicio(e.sesion, 2025)) << "No creates nothing";
 
     e.dialogo.responder({true});
     const RespuestaCierre r = PedirCierre(e.sesion, e.dialogo, p);

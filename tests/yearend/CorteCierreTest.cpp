@@ -9,6 +9,7 @@
 
 #include "EjercicioGrande.h"
 #include "Entorno.h"
+#include "ServidorPruebas.h"
 #include "store/Conexiones.h"
 #include "store/Ejercicios.h"
 #include "yearend/Cierre.h"
@@ -198,6 +199,7 @@ void Copiar(const QString& de, const QString& a) {
 }
 
 TEST(CorteCierre, MuerteEnCualquierPuntoDeUnCierreConTraspaso) {
+    SOLO_EN_ARCHIVOS("cortes entre SQLite y el disco; en el servidor, MatarCierre");
     Entorno e;
     e.crearEmpresa("001", 2024, "Grande SL");
     // The next year first, while 2024 is small, with an opening entry to be replaced and an

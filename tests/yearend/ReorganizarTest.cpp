@@ -25,7 +25,7 @@ QString Libros(Sesion& s) {
                  .arg(q.value(1).toDouble())
                  .arg(q.value(2).toDouble());
     r += c.escalar("SELECT COUNT(*) || ' ' || SUM(Debe) || ' ' || SUM(Haber) || ' ' || "
-                   "SUM(IdIVA <> 0) FROM Diario")
+                   "SUM(CASE WHEN IdIVA <> 0 THEN 1 ELSE 0 END) FROM Diario")
              .toString();
     r += " IVA " + c.escalar("SELECT COUNT(*) FROM DatosIVA").toString();
     return r;

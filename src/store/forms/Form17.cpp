@@ -174,7 +174,7 @@ void Form17::origenCambiado() {
     const bool otra = Option2->isChecked();
     Combo1->clear();
     if (otra) {
-        for (const RegistroNemp& r : LeerNemp(s_.rutaNemp()))
+        for (const RegistroNemp& r : ListaEmpresas(s_))
             if (r.Codigo != QLatin1String("100"))
                 Combo1->addItem(r.Nombre, QStringLiteral("Emp") + r.Codigo);
     }

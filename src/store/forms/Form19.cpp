@@ -47,7 +47,7 @@ Form19::Form19(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padr
 
 void Form19::llenar() {
     Combo1->clear();
-    for (const RegistroNemp& r : LeerNemp(s_.rutaNemp()))
+    for (const RegistroNemp& r : ListaEmpresas(s_))
         Combo1->addItem(r.Nombre, r.Codigo);
     Combo1->setCurrentIndex(-1);
     Label2->clear();

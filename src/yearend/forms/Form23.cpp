@@ -54,7 +54,7 @@ Form23::Form23(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
     Text2 = CampoNumero(this, QStringLiteral("Text2"), 4, 90);
 
     // The company's exercises; a Selan.dat held by another user leaves the list empty.
-    if (!FicheroLibre(s_.rutaSelan()))
+    if (!s_.enServidor() && !FicheroLibre(s_.rutaSelan()))
         d_.Informar(MsgEnUso);
     else
         for (int ano : EjerciciosEmpresa(s_))
