@@ -7,6 +7,7 @@
 #include "assets/forms/MenusPresupuestos.h"
 #include "chart/forms/MenusCuentas.h"
 #include "platform/Ajustes.h"
+#include "platform/Almacen.h"
 #include "platform/Errores.h"
 #include "platform/Letras.h"
 #include "platform/Traducciones.h"
@@ -30,11 +31,11 @@
 #include "store/forms/Form44.h"
 #include "tax/forms/MenusLibrosIva.h"
 #include "tax/forms/MenusModelos.h"
+#include "utilities/forms/MenusCalculadora.h"
 #include "utilities/forms/MenusUtilidades.h"
 #include "yearend/Adaptacion.h"
 #include "yearend/forms/MenusAdaptacion.h"
 #include "yearend/forms/MenusCierre.h"
-#include "utilities/forms/MenusCalculadora.h"
 
 #include <QApplication>
 #include <QDir>
@@ -91,6 +92,26 @@ int main(int argc, char** argv) {
         }
     }
 
+    // The books on a PostgreSQL server, when the installation says so: the first connection asks
+    // for the password if the server wants one that the password file does not give. A server out
+    // of reach is told by its cause, and the question of the kind of installation lets the user
+    // set it right (or go back to the files).
+    if (const QString url = ServidorElegido(a); !url.isEmpty()) {
+        try {
+            const Servidor servidor = Servidor::DeUrl(url);
+            ConectarServidor(servidor, d);
+            s.UrlServidor = servidor.url();
+        } catch (const ErrorQuilmar& e) {
+            splash.hide();
+            d.Informar(e.mensaje());
+            Form102 f(s, a, d);
+            f.exec();
+            if (!s.enServidor() && !ServidorElegido(a).isEmpty())
+                return 1;
+            splash.show();
+        }
+    }
+
     // The installation database; the program cannot go on without it.
     bool nueva = false;
     try {
@@ -119,7 +140,7 @@ int main(int argc, char** argv) {
 
     // A first start with no company anywhere brings the demo company, so that there is something
     // to look at at once. The choice of company is still the access screen's.
-    if (nueva && CarpetasEmpresa(s.DataPath).isEmpty()) {
+    if (nueva && !s.enServidor() && CarpetasEmpresa(s.DataPath).isEmpty()) {
         QApplication::setOverrideCursor(Qt::WaitCursor);
         try {
             InstalarEmpresaDemo(s, a);

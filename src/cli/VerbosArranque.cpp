@@ -3,6 +3,7 @@
 
 #include "cli/Cli.h"
 #include "platform/Ajustes.h"
+#include "platform/Almacen.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
 #include "store/Arranque.h"
@@ -127,16 +128,28 @@ int eliminarEmpresa(ContextoCli& c) {
 int instalacion(ContextoCli& c) {
     Sesion& s = c.sesion;
     const bool principal = c.bandera(QStringLiteral("principal"));
+    const bool archivos = c.bandera(QStringLiteral("archivos"));
     // Its own --servidor names a folder, not the database server of the global option.
     const QString servidor = c.propia(QStringLiteral("servidor"));
-    if (principal && !servidor.isEmpty())
-        throw Rechazo(QStringLiteral("Indique --principal o --servidor CARPETA, no los dos."));
-    if (principal || !servidor.isEmpty())
+    const QString postgresql = c.opcion(QStringLiteral("postgresql"));
+    if (int(principal) + int(archivos) + int(!servidor.isEmpty()) + int(!postgresql.isEmpty()) > 1)
+        throw Rechazo(QStringLiteral("Indique sólo una de --principal, --servidor CARPETA, "
+                                     "--postgresql URL o --archivos."));
+    if (!postgresql.isEmpty()) {
+        s.DataPath = CarpetaDatos(s);
+        ElegirServidor(s, c.ajustes, c.dialogo, Servidor::DeUrl(postgresql));
+    } else if (principal || !servidor.isEmpty()) {
         ElegirInstalacion(s, principal,
                           servidor.isEmpty() ? QString() : QDir(servidor).absolutePath());
-    else
+        QuitarServidor(s, c.ajustes);
+    } else {
         s.DataPath = CarpetaDatos(s);
-    if (s.esPrincipal())
+        if (archivos)
+            QuitarServidor(s, c.ajustes);
+    }
+    if (const QString url = ServidorElegido(c.ajustes); !url.isEmpty())
+        c.salida << QStringLiteral("Servidor PostgreSQL: los libros están en %1").arg(url) << '\n';
+    else if (s.esPrincipal())
         c.salida << QStringLiteral("Servidor o principal: las empresas están en %1")
                         .arg(QDir::toNativeSeparators(s.DataPath))
                  << '\n';
@@ -215,13 +228,19 @@ const AltaVerbo altaEliminarEmpresa{
 const AltaVerbo altaInstalacion{
     {QStringLiteral("instalacion"),
      QStringLiteral("muestra o elige dónde están las empresas (servidor o cliente)"),
-     QStringLiteral("Uso: quilmar-cli instalacion [--principal | --servidor CARPETA]\n\n"
+     QStringLiteral("Uso: quilmar-cli instalacion [--principal | --servidor CARPETA |\n"
+                    "                             --postgresql URL | --archivos]\n\n"
                     "Sin opciones, dice cómo se usa esta instalación y dónde están las empresas.\n"
                     "--principal: las empresas están en la carpeta de la instalación.\n"
                     "--servidor CARPETA: las empresas están en la carpeta de la instalación\n"
                     "principal, en otro ordenador de la red (instalación cliente).\n"
+                    "--postgresql postgresql://usuario@servidor:puerto/base: los libros están en\n"
+                    "un servidor PostgreSQL (la contraseña, en .pgpass, PGPASSFILE o PGPASSWORD;\n"
+                    "nunca se guarda). Se prueba la conexión antes de guardarlo; si la base no\n"
+                    "tiene aún ninguna instalación, copia a ella las empresas (con --si).\n"
+                    "--archivos: deja el servidor y vuelve a los archivos de la carpeta.\n"
                     "Repara también un PLoc.dat vacío o dañado."),
-     {QStringLiteral("principal")},
+     {QStringLiteral("principal"), QStringLiteral("archivos")},
      instalacion,
      {QStringLiteral("servidor")},
      true}};

@@ -345,6 +345,108 @@ QString tiparReales(const QString& sql, const QVariantList& valores) {
     return r;
 }
 
+// Passwords typed in this run, by user and server (any database of it).
+QHash<QString, QString>& clavesEnMemoria() {
+    static QHash<QString, QString> claves;
+    return claves;
+}
+QString claveDe(const Servidor& s) {
+    return QStringLiteral("%1@%2:%3").arg(s.usuario, s.host).arg(s.puerto);
+}
+
+// libpq tells why a connection failed only in words (no SQLSTATE before the session exists);
+// they are read here, in English and in libpq's Spanish, and never shown.
+FalloServidor falloDeConexion(const QString& texto) {
+    const QString t = texto.toLower();
+    auto hay = [&](std::initializer_list<const char*> claves) {
+        for (const char* c : claves)
+            if (t.contains(QLatin1String(c)))
+                return true;
+        return false;
+    };
+    if (hay({"no password supplied", "fe_sendauth", "no se especific", "contraseña no"}))
+        return FalloServidor::FaltaClave;
+    // A server that admits nobody from this machine (pg_hba.conf) refuses the user as well.
+    if (hay({"password authentication failed", "authentication failed", "role \"", "pg_hba.conf",
+             "autentificación", "autenticación", "no existe el rol"}))
+        return FalloServidor::Acceso;
+    if (hay({"database \"", "no existe la base de datos"}))
+        return FalloServidor::SinBase;
+    if (hay({"could not connect", "connection refused", "could not translate host",
+             "timeout expired", "no route to host", "network is unreachable", "no se pudo conectar",
+             "no se pudo traducir", "conexión rehusada", "connection timed out"}))
+        return FalloServidor::Inalcanzable;
+    return FalloServidor::Otro;
+}
+
+QString mensajeConexion(FalloServidor fallo, const Servidor& s) {
+    const QString donde = nombreServidor(s);
+    switch (fallo) {
+    case FalloServidor::Ninguno:
+        return {};
+    case FalloServidor::SinControlador:
+        return QStringLiteral(
+            "Falta el controlador de PostgreSQL de Qt (paquete libqt6sql6-psql): sin él no se "
+            "puede trabajar con un servidor de bases de datos.");
+    case FalloServidor::Inalcanzable:
+        return QStringLiteral("No se puede llegar al servidor de bases de datos %1:%2. Compruebe "
+                              "el nombre del servidor y el puerto, que el servidor está en marcha "
+                              "y que la red funciona.")
+            .arg(s.host)
+            .arg(s.puerto);
+    case FalloServidor::FaltaClave:
+        return QStringLiteral("El servidor de bases de datos %1 pide la contraseña del usuario "
+                              "%2, y no está en el archivo .pgpass (o PGPASSFILE) ni en "
+                              "PGPASSWORD.")
+            .arg(donde, s.usuario);
+    case FalloServidor::Acceso:
+        return QStringLiteral("El servidor de bases de datos %1 no admite al usuario %2 con esa "
+                              "contraseña. Compruebe el usuario y la contraseña.")
+            .arg(donde, s.usuario);
+    case FalloServidor::SinBase:
+        return QStringLiteral("El servidor %1:%2 no tiene ninguna base de datos llamada %3. "
+                              "Compruebe el nombre, o pida a quien lo administra que la cree.")
+            .arg(s.host)
+            .arg(s.puerto)
+            .arg(s.base);
+    case FalloServidor::Otro:
+        break;
+    }
+    return QStringLiteral("No se puede conectar con el servidor de bases de datos %1 como usuario "
+                          "%2. Compruebe que el servidor está en marcha y accesible, y la "
+                          "contraseña del archivo .pgpass (o PGPASSFILE, PGPASSWORD).")
+        .arg(donde, s.usuario);
+}
+
+// Opens the Qt connection `nombre` to the server; on failure removes it and says why.
+PruebaServidor abrirServidor(const Servidor& servidor, const QString& nombre) {
+    PruebaServidor r;
+    if (!QSqlDatabase::isDriverAvailable(DriverServidor)) {
+        r.fallo = FalloServidor::SinControlador;
+        r.mensaje = mensajeConexion(r.fallo, servidor);
+        return r;
+    }
+    QSqlDatabase db = QSqlDatabase::addDatabase(DriverServidor, nombre);
+    db.setHostName(servidor.host);
+    db.setPort(servidor.puerto);
+    db.setDatabaseName(servidor.base);
+    db.setUserName(servidor.usuario);
+    // A password typed in this run; otherwise libpq reads PGPASSWORD, PGPASSFILE or ~/.pgpass.
+    const auto clave = clavesEnMemoria().constFind(claveDe(servidor));
+    if (clave != clavesEnMemoria().constEnd())
+        db.setPassword(clave.value());
+    db.setConnectOptions(QStringLiteral("connect_timeout=15;application_name=quilmar"));
+    if (db.open())
+        return r;
+    const QSqlError e = db.lastError();
+    qWarning("PostgreSQL: %s", qPrintable(e.text()));
+    db = QSqlDatabase();
+    QSqlDatabase::removeDatabase(nombre);
+    r.fallo = falloDeConexion(e.databaseText() + QLatin1Char(' ') + e.driverText());
+    r.mensaje = mensajeConexion(r.fallo, servidor);
+    return r;
+}
+
 quint32 claveBloqueo(const QString& esquema) {
     // A stable key per schema for the advisory lock (FNV-1a of the name).
     quint32 h = 2166136261u;
@@ -400,6 +502,24 @@ Servidor Servidor::DeUrl(const QString& url) {
     return s;
 }
 
+void RecordarClaveServidor(const Servidor& servidor, const QString& clave) {
+    clavesEnMemoria().insert(claveDe(servidor), clave);
+}
+
+bool ClaveServidorRecordada(const Servidor& servidor) {
+    return clavesEnMemoria().contains(claveDe(servidor));
+}
+
+PruebaServidor ProbarServidor(const Servidor& servidor) {
+    const QString nombre = QStringLiteral("quilmar_prueba_%1").arg(contador.fetch_add(1));
+    const PruebaServidor r = abrirServidor(servidor, nombre);
+    if (r.fallo == FalloServidor::Ninguno) {
+        QSqlDatabase::database(nombre, false).close();
+        QSqlDatabase::removeDatabase(nombre);
+    }
+    return r;
+}
+
 QString Servidor::url() const {
     QUrl u;
     u.setScheme(QStringLiteral("postgresql"));
@@ -437,30 +557,9 @@ Conexion::Conexion(const Servidor& servidor, const QString& esquema, TipoBase ti
       preparadas_(std::make_unique<QHash<QString, QSqlQuery>>()) {
     if (!esIdentificador(esquema))
         throw ErrorAlmacen(QStringLiteral("No se encuentra la base de datos %1.").arg(ruta_));
-    if (!QSqlDatabase::isDriverAvailable(DriverServidor))
-        throw ErrorAlmacen(QStringLiteral(
-            "Falta el controlador de PostgreSQL de Qt (paquete libqt6sql6-psql): sin él no se "
-            "puede trabajar con un servidor de bases de datos."));
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(DriverServidor, nombre_);
-        db.setHostName(servidor.host);
-        db.setPort(servidor.puerto);
-        db.setDatabaseName(servidor.base);
-        db.setUserName(servidor.usuario);
-        // No password here: libpq reads PGPASSWORD, PGPASSFILE or ~/.pgpass itself.
-        db.setConnectOptions(QStringLiteral("connect_timeout=15;application_name=quilmar"));
-        if (!db.open()) {
-            const QSqlError e = db.lastError();
-            qWarning("PostgreSQL: %s", qPrintable(e.text()));
-            db = QSqlDatabase();
-            QSqlDatabase::removeDatabase(nombre_);
-            throw ErrorAlmacen(
-                QStringLiteral("No se puede conectar con el servidor de bases de datos %1 como "
-                               "usuario %2. Compruebe que el servidor está en marcha y accesible, "
-                               "y la contraseña del archivo .pgpass (o PGPASSFILE, PGPASSWORD).")
-                    .arg(nombreServidor(servidor), servidor.usuario));
-        }
-    }
+    const PruebaServidor abierta = abrirServidor(servidor, nombre_);
+    if (abierta.fallo != FalloServidor::Ninguno)
+        throw ErrorAlmacen(abierta.mensaje);
     try {
         // The same patience with another user's lock as the files have.
         ejecutar(QStringLiteral("SET lock_timeout = %1").arg(EsperaOcupada));
@@ -505,6 +604,16 @@ void Conexion::adjuntarEsquema(const QString& alias, const QString& esquema) {
         throw ErrorAlmacen(
             QStringLiteral("No se encuentra la base de datos %1 en el servidor.").arg(esquema));
     adjuntos_.insert(alias, esquema);
+}
+
+void Conexion::usarEsquema(const QString& esquema) {
+    if (!enServidor() || !esIdentificador(esquema))
+        throw ErrorAlmacen(QStringLiteral("No se encuentra la base de datos %1.").arg(esquema));
+    for (QSqlQuery& q : *preparadas_)
+        q.finish();
+    preparadas_->clear();
+    ejecutar(QStringLiteral("SET search_path TO %1, quilmar, pg_catalog").arg(esquema));
+    esquema_ = esquema;
 }
 
 void Conexion::quitarEsquema(const QString& alias) {
@@ -718,8 +827,12 @@ void Conexion::ejecutarGuion(const QString& guion) {
     }
 }
 
-Transaccion::Transaccion(Conexion& c) : c_(c) {
-    if (c_.nivel_ == 0 && c_.enServidor()) {
+Transaccion::Transaccion(Conexion& c, Modo modo) : c_(c) {
+    if (c_.nivel_ == 0 && modo == Modo::Lectura) {
+        c_.ejecutar(c_.enServidor()
+                        ? QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY")
+                        : QStringLiteral("BEGIN DEFERRED"));
+    } else if (c_.nivel_ == 0 && c_.enServidor()) {
         QList<QString> esquemas = c_.adjuntos_.values();
         esquemas << c_.esquema_;
         std::sort(esquemas.begin(), esquemas.end());

@@ -44,6 +44,28 @@ struct Servidor {
 };
 bool EsUrlServidor(const QString& texto);
 
+// A password the user typed for a server in this run: kept in memory only, never written, and
+// given to every later connection to that address (libpq's own sources still come first).
+void RecordarClaveServidor(const Servidor& servidor, const QString& clave);
+bool ClaveServidorRecordada(const Servidor& servidor);
+
+// Why a server cannot be reached, for the screen that chooses it.
+enum class FalloServidor {
+    Ninguno,
+    SinControlador,
+    Inalcanzable,
+    FaltaClave,
+    Acceso,
+    SinBase,
+    Otro
+};
+struct PruebaServidor {
+    FalloServidor fallo = FalloServidor::Ninguno;
+    QString mensaje; // in Spanish, by its cause; empty when it connects
+};
+// Opens a connection to the server and closes it again.
+PruebaServidor ProbarServidor(const Servidor& servidor);
+
 // The schema that holds, on a server, what the file at ruta holds on disk: "emp001_2026" for
 // .../Emp001/Quilmar2026.db, "emp001" for .../Emp001/Bavar.db, "bavis" and "vias" for the
 // installation's own. Empty for a file of no such name.
@@ -82,6 +104,10 @@ public:
     void prepararEscrituraLarga();
     // The columns of a table of this database, in order, on either engine.
     QStringList columnas(const QString& tabla);
+    // Server only: unqualified tables are from then on those of another schema of the same
+    // database. Allowed inside a transaction (a copy reads every schema of a company in one
+    // snapshot); the connection should not be used further after that transaction rolls back.
+    void usarEsquema(const QString& esquema);
     // Server only: the tables of another schema are named "alias.Tabla" in this connection's
     // statements, as an attached file's are. Call it before any transaction.
     void adjuntarEsquema(const QString& alias, const QString& esquema);
@@ -150,7 +176,11 @@ private:
 // take turns, readers never wait.
 class Transaccion {
 public:
-    explicit Transaccion(Conexion& c);
+    // Escritura: as above. Lectura: a read-only snapshot that no writer changes while it lasts
+    // (REPEATABLE READ on a server, a deferred read transaction on a file), for a copy that must
+    // be consistent across tables and schemas while others post. It takes no lock.
+    enum class Modo { Escritura, Lectura };
+    explicit Transaccion(Conexion& c, Modo modo = Modo::Escritura);
     ~Transaccion();
     Transaccion(const Transaccion&) = delete;
     Transaccion& operator=(const Transaccion&) = delete;

@@ -19,6 +19,8 @@ public:
     virtual bool PreguntarSi(const QString& texto) { return Preguntar(texto); }
     // Asks for a line of text; an empty result means cancelled.
     virtual QString PedirTexto(const QString& texto, const QString& defecto) = 0;
+    // Asks for a password: nothing typed shows. Empty means cancelled.
+    virtual QString PedirClave(const QString& texto) { return PedirTexto(texto, QString()); }
 };
 
 // Command line: messages go to standard error; questions are answered yes only with --si.

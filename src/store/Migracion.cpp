@@ -20,9 +20,12 @@ QString comillas(const QString& nombre) {
            QLatin1Char('"');
 }
 
+} // namespace
+
 // Copies one table: the columns both sides have (the server's rowid is SQLite's own, so the order
-// of insertion that the program sorts by survives), then moves the serial counters past them.
-qint64 copiarTabla(Conexion& origen, Conexion& destino, const QString& tabla) {
+// of insertion that the program sorts by survives; into a file the rows go in that order, and
+// SQLite numbers them alike), then moves the serial counters past them.
+qint64 CopiarTabla(Conexion& origen, Conexion& destino, const QString& tabla) {
     const QStringList enOrigen = origen.columnas(tabla);
     QStringList nombres, leer;
     for (const QString& d : destino.columnas(tabla)) {
@@ -70,6 +73,8 @@ qint64 copiarTabla(Conexion& origen, Conexion& destino, const QString& tabla) {
     return n;
 }
 
+namespace {
+
 qint64 copiarBase(const QString& ruta, const Servidor& destino, const QString& esquema,
                   TipoBase tipo, QStringList& hechos) {
     Conexion origen(ruta, tipo);
@@ -82,7 +87,7 @@ qint64 copiarBase(const QString& ruta, const Servidor& destino, const QString& e
     qint64 n = 0;
     Transaccion t(c);
     for (const QString& tabla : TablasDe(tipo))
-        n += copiarTabla(origen, c, tabla);
+        n += CopiarTabla(origen, c, tabla);
     t.confirmar();
     return n;
 }

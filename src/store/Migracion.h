@@ -8,6 +8,7 @@
 
 struct Sesion;
 struct Servidor;
+class Conexion;
 
 struct ResultadoMigracion {
     int empresas = 0;
@@ -23,3 +24,7 @@ ResultadoMigracion MigrarAServidor(const Sesion& archivos, const Servidor& desti
 // One company of the file installation onto a server that already holds the installation.
 ResultadoMigracion MigrarEmpresaAServidor(const Sesion& archivos, const Servidor& destino,
                                           const QString& carpeta);
+
+// Copies the rows of one table between two databases of the same kind, on either engine and in
+// either direction, in the callers' transactions; the columns both have. Returns the rows copied.
+qint64 CopiarTabla(Conexion& origen, Conexion& destino, const QString& tabla);

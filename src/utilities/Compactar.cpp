@@ -4,6 +4,7 @@
 #include "platform/CopiasBase.h"
 #include "platform/Errores.h"
 #include "store/BloqueoEmpresa.h"
+#include "store/CopiasServidor.h"
 #include "store/Sesion.h"
 #include "utilities/Copias.h"
 
@@ -48,6 +49,24 @@ bool CompactarBasesDatos(Sesion& s, Dialogo& d, const Progreso& progreso) {
                        : QStringLiteral("No tiene permiso para escribir en la carpeta %1.")
                              .arg(QDir::toNativeSeparators(s.DataPath)));
         return false;
+    }
+    if (s.enServidor()) {
+        // The server compacts without rewriting the books: its upkeep marks the room of deleted
+        // rows for reuse and renews the statistics its plans need, while others keep working.
+        const QStringList esquemas{EsquemaServidor(s.rutaEjercicio()),
+                                   EsquemaServidor(s.rutaBavar()), QStringLiteral("bavis")};
+        qint64 paso = 0;
+        try {
+            MantenerEsquemas(s, esquemas, [&] {
+                if (progreso)
+                    progreso(++paso, esquemas.size());
+            });
+        } catch (const ErrorQuilmar& e) {
+            d.Informar(e.mensaje());
+            return false;
+        }
+        d.Informar(MsgCompactacionTerminada);
+        return true;
     }
     const QString copbas = CarpetaCopbas(s);
     const QStringList bases{s.rutaEjercicio(), s.rutaBavar(), s.rutaBavis()};

@@ -3,7 +3,8 @@
 // installation's Bavis.db, in that order. Each is first copied to the folder Copbas of the data
 // folder, replacing the copy of an earlier run only once the new one is complete, so Copbas
 // always holds a good copy of each; then it is compacted in place as one transaction. Refused
-// while another process has the company open.
+// while another process has the company open. On a server the same three run the server's own
+// upkeep instead (nothing rewritten, so no copies), and the progress counts one step each.
 
 #include "platform/Dialogo.h"
 

@@ -6,6 +6,7 @@
 #include "platform/Errores.h"
 #include "store/BloqueoEmpresa.h"
 #include "store/CargarEmp.h"
+#include "store/CopiasServidor.h"
 #include "store/ListasEmpresas.h"
 #include "store/Sesion.h"
 
@@ -86,15 +87,36 @@ void recuperar(const QString& final) {
         BorrarCarpeta(apartada(final));
 }
 
-// Makes the folder `final` a copy of `origen`, putting it in place only when complete.
-void copiarCarpeta(const QString& origen, const QString& final, Avance& avance) {
+// A company's own documents kept beside its books on a server installation (notes, budgets, tax
+// files): every file of its local folder but the databases and the lists the server holds.
+QFileInfoList documentosDe(const QString& carpeta) {
+    QFileInfoList r;
+    for (const QFileInfo& f : ficherosDe(carpeta))
+        if (!esBase(f.fileName()) &&
+            f.fileName().compare(QLatin1String("Selan.dat"), Qt::CaseInsensitive) != 0)
+            r << f;
+    return r;
+}
+
+void copiarDocumentos(const QString& origen, const QString& destino, Avance* avance) {
+    for (const QFileInfo& f : documentosDe(origen)) {
+        CopiarFichero(f.absoluteFilePath(), QDir(destino).filePath(f.fileName()));
+        if (avance)
+            avance->uno();
+    }
+}
+
+// Makes the folder `final` from what `llenar` writes into an empty folder, putting it in place
+// only when complete.
+void hacerCarpeta(const QString& final, const std::function<void(const QString&)>& llenar) {
     recuperar(final);
     const QString nueva = enCurso(final);
     if (!QDir().mkpath(nueva))
         throw ErrorAlmacen(QStringLiteral("No tiene permiso para escribir en la carpeta %1.")
                                .arg(QDir::toNativeSeparators(QFileInfo(final).absolutePath())));
     try {
-        copiarFicheros(origen, nueva, avance);
+        llenar(nueva);
+        SincronizarCarpeta(nueva);
         const Colocacion c = ColocarCarpeta(nueva, final, apartada(final));
         // The older version is removed only now that the new one stands in its place.
         BorrarCarpeta(c == Colocacion::Intercambiada ? nueva : apartada(final));
@@ -104,10 +126,19 @@ void copiarCarpeta(const QString& origen, const QString& final, Avance& avance) 
     }
 }
 
+// Makes the folder `final` a copy of `origen`.
+void copiarCarpeta(const QString& origen, const QString& final, Avance& avance) {
+    hacerCarpeta(final, [&](const QString& nueva) { copiarFicheros(origen, nueva, avance); });
+}
+
 // The installation's database as the file `final`, replaced in one step.
-void copiarBavis(const QString& origen, const QString& final) {
+void copiarBavis(const Sesion& s, const QString& final) {
     const QString nueva = enCurso(final);
-    CopiarBase(origen, nueva);
+    QFile::remove(nueva);
+    if (s.enServidor())
+        CopiarBavisDeServidor(s, nueva);
+    else
+        CopiarBase(s.rutaBavis(), nueva);
     if (::rename(QFile::encodeName(nueva).constData(), QFile::encodeName(final).constData()) != 0) {
         QFile::remove(nueva);
         throw ErrorAlmacen(QStringLiteral("No se pudo poner la copia en su lugar en la carpeta %1.")
@@ -151,7 +182,21 @@ bool HacerCopiaSeguridad(Sesion& s, Ajustes& a, Dialogo& d, const QString& carpe
         d.Informar(MsgNoExisteCarpeta);
         return false;
     }
-    const QStringList empresas = alcance == AlcanceCopia::Todas ? CarpetasEmpresa(s.DataPath)
+    QStringList todas;
+    if (alcance == AlcanceCopia::Todas) {
+        if (s.enServidor()) {
+            try {
+                for (const RegistroNemp& r : EmpresasDe(s))
+                    todas << QStringLiteral("Emp") + r.Codigo;
+            } catch (const ErrorQuilmar& e) {
+                d.Informar(e.mensaje());
+                return false;
+            }
+        } else {
+            todas = CarpetasEmpresa(s.DataPath);
+        }
+    }
+    const QStringList empresas = alcance == AlcanceCopia::Todas ? todas
                                  : s.EmpresaActual.isEmpty()    ? QStringList()
                                                                 : QStringList{s.EmpresaActual};
     if (alcance == AlcanceCopia::EmpresaAbierta && empresas.isEmpty()) {
@@ -165,13 +210,15 @@ bool HacerCopiaSeguridad(Sesion& s, Ajustes& a, Dialogo& d, const QString& carpe
     a.escribir(QStringLiteral("Valores"), QStringLiteral("Ruta"), carpeta);
 
     Avance avance{progreso};
-    const bool conBavis = QFileInfo::exists(s.rutaBavis());
+    const bool conBavis = s.enServidor() || QFileInfo::exists(s.rutaBavis());
     avance.total = conBavis ? 1 : 0;
-    for (const QString& e : empresas)
-        avance.total += ficherosDe(s.carpetaEmpresa(e)).size();
     try {
+        for (const QString& e : empresas)
+            avance.total += s.enServidor() ? FicherosEmpresaServidor(s, e) +
+                                                 documentosDe(s.carpetaEmpresa(e)).size()
+                                           : ficherosDe(s.carpetaEmpresa(e)).size();
         if (conBavis) {
-            copiarBavis(s.rutaBavis(), QDir(carpeta).filePath(QStringLiteral("Bavis.db")));
+            copiarBavis(s, QDir(carpeta).filePath(QStringLiteral("Bavis.db")));
             avance.uno();
         }
         for (const QString& e : empresas) {
@@ -180,7 +227,13 @@ bool HacerCopiaSeguridad(Sesion& s, Ajustes& a, Dialogo& d, const QString& carpe
                                    EsperaEmpresaOcupada);
             if (!abierta.conseguido() && abierta.ocupado())
                 throw ErrorAlmacen(MsgEmpresaOcupada.arg(e));
-            copiarCarpeta(s.carpetaEmpresa(e), QDir(carpeta).filePath(e), avance);
+            if (s.enServidor())
+                hacerCarpeta(QDir(carpeta).filePath(e), [&](const QString& nueva) {
+                    CopiarEmpresaDeServidor(s, e, nueva, [&] { avance.uno(); });
+                    copiarDocumentos(s.carpetaEmpresa(e), nueva, &avance);
+                });
+            else
+                copiarCarpeta(s.carpetaEmpresa(e), QDir(carpeta).filePath(e), avance);
         }
     } catch (const ErrorQuilmar& e) {
         d.Informar(e.mensaje());
@@ -240,6 +293,15 @@ bool RestaurarCopia(Sesion& s, Dialogo& d, const QString& carpetaTecleada,
         d.Informar(MsgNoExisteCarpeta);
         return false;
     }
+    // A company folder of the program itself is no copy: restoring it onto itself would take
+    // the installation's own Bavis.db as the copy's. (Checked first: on a server that folder
+    // holds only the company's documents, and would be refused for lack of a Selan.dat.)
+    const QString padre = RutaCanonica(padreDe(carpeta));
+    if (padre == RutaCanonica(s.AppPath) || padre == RutaCanonica(s.DataPath)) {
+        d.Informar(QStringLiteral("Esa carpeta es la de la propia empresa en el programa, no una "
+                                  "copia de seguridad."));
+        return false;
+    }
     if (!QFileInfo::exists(QDir(carpeta).filePath(QStringLiteral("Selan.dat")))) {
         d.Informar(MsgRestaurarSinSelan);
         return false;
@@ -247,14 +309,6 @@ bool RestaurarCopia(Sesion& s, Dialogo& d, const QString& carpetaTecleada,
     const QString empresa = QFileInfo(carpeta).fileName();
     if (!esCarpetaEmpresa(empresa)) {
         d.Informar(MsgRestaurarNombreCarpeta);
-        return false;
-    }
-    // A company folder of the program itself is no copy: restoring it onto itself would take
-    // the installation's own Bavis.db as the copy's.
-    const QString padre = RutaCanonica(padreDe(carpeta));
-    if (padre == RutaCanonica(s.AppPath) || padre == RutaCanonica(s.DataPath)) {
-        d.Informar(QStringLiteral("Esa carpeta es la de la propia empresa en el programa, no una "
-                                  "copia de seguridad."));
         return false;
     }
     try {
@@ -270,7 +324,14 @@ bool RestaurarCopia(Sesion& s, Dialogo& d, const QString& carpetaTecleada,
                          .arg(empresa, NombreEnCopia(carpeta))))
         return false;
     const QString destino = s.carpetaEmpresa(empresa);
-    if (QFileInfo::exists(destino) &&
+    bool existe = false;
+    try {
+        existe = s.enServidor() ? !EjerciciosDe(s, empresa).isEmpty() : QFileInfo::exists(destino);
+    } catch (const ErrorQuilmar& e) {
+        d.Informar(e.mensaje());
+        return false;
+    }
+    if (existe &&
         !d.Preguntar(QStringLiteral("La empresa %1 ya existe en el directorio del programa. Desea "
                                     "seguir restaurando, de forma que los datos que se van a "
                                     "importar sustiruirían a los existentes?")
@@ -291,6 +352,29 @@ bool RestaurarCopia(Sesion& s, Dialogo& d, const QString& carpetaTecleada,
     const bool conBavis = QFileInfo::exists(bavis);
     if (conBavis)
         ++avance.total;
+    if (s.enServidor()) {
+        avance.total = 1 + documentosDe(carpeta).size();
+        try {
+            // The books in one server transaction, then the documents into the local folder.
+            try {
+                RestaurarEmpresaEnServidor(s, carpeta, conBavis ? bavis : QString());
+            } catch (const ErrorQuilmar& e) {
+                throw ErrorAlmacen(QStringLiteral("No se pudo restaurar la copia en el servidor. "
+                                                  "%1 No se ha modificado ningún dato.")
+                                       .arg(e.mensaje()));
+            }
+            avance.uno();
+            if (!QDir().mkpath(destino))
+                throw ErrorAlmacen(MsgNoSeEscribe(destino));
+            copiarDocumentos(carpeta, destino, &avance);
+            SincronizarCarpeta(destino);
+        } catch (const ErrorQuilmar& e) {
+            d.Informar(e.mensaje());
+            return false;
+        }
+        d.Informar(MsgRestaurarCerrar);
+        return true;
+    }
     try {
         copiarCarpeta(carpeta, destino, avance);
         if (conBavis) {

@@ -19,7 +19,10 @@ namespace {
 
 class Compactar : public ::testing::Test {
 protected:
-    void SetUp() override { e.crearEmpresa("001", 2024); }
+    void SetUp() override {
+        e.crearEmpresa("001", 2024);
+        CliComoLaSesion(e);
+    }
     bool compactar() {
         e.dialogo.responder({true});
         return CompactarBasesDatos(e.sesion, e.dialogo);
@@ -28,7 +31,40 @@ protected:
     Entorno e;
 };
 
+// On a server: every row kept, and every table of the three schemas vacuumed and analysed by the
+// server, with no copies made.
+TEST_F(Compactar, EnElServidorConservaCadaFilaYMantieneCadaTabla) {
+    if (!e.sesion.enServidor())
+        GTEST_SKIP() << "sólo en la pasada del servidor";
+    publicar(e, 1, 400);
+    e.dialogo.responder({true});
+    ASSERT_EQ(EliminarAsientos(e.sesion, e.dialogo, {1, 300}), 300);
+    const QStringList antes = Libros(e.sesion, "Emp001");
+    e.dialogo.preguntas.clear();
+    ASSERT_TRUE(compactar());
+    EXPECT_EQ(e.dialogo.preguntas, QStringList({MsgCompactar}));
+    EXPECT_EQ(e.dialogo.informados, QStringList({MsgCompactacionTerminada}));
+    EXPECT_EQ(Libros(e.sesion, "Emp001"), antes);
+    EXPECT_FALSE(QFileInfo::exists(e.ruta("Copbas")));
+    Conexion c = e.datos();
+    EXPECT_EQ(ComprobarLibro(c), 100);
+    for (const char* esquema : {"emp001_2024", "emp001", "bavis"}) {
+        const int tablas = Contar(
+            c,
+            QStringLiteral("SELECT COUNT(*) FROM pg_tables WHERE schemaname = '%1'").arg(esquema));
+        EXPECT_GT(tablas, 0) << esquema;
+        EXPECT_EQ(Contar(c, QStringLiteral("SELECT COUNT(*) FROM pg_stat_user_tables WHERE "
+                                           "schemaname = '%1' AND last_vacuum IS NOT NULL AND "
+                                           "last_analyze IS NOT NULL")
+                                .arg(esquema)),
+                  tablas)
+            << esquema;
+    }
+}
+
 TEST_F(Compactar, ConservaCadaFilaYEncogeTrasEliminarMuchosAsientos) {
+    if (e.sesion.enServidor())
+        GTEST_SKIP() << "compactación de los archivos";
     publicar(e, 1, 4000);
     e.dialogo.responder({true});
     ASSERT_EQ(EliminarAsientos(e.sesion, e.dialogo, {1, 3900}), 3900);
@@ -57,6 +93,8 @@ TEST_F(Compactar, ConservaCadaFilaYEncogeTrasEliminarMuchosAsientos) {
 }
 
 TEST_F(Compactar, UnaSegundaVezSustituyeLasCopiasDeCopbas) {
+    if (e.sesion.enServidor())
+        GTEST_SKIP() << "copias de Copbas, sólo de los archivos";
     publicar(e, 1, 10);
     ASSERT_TRUE(compactar());
     publicar(e, 11, 20);

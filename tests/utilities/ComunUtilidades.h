@@ -7,6 +7,8 @@
 #include "posting/ComunAsientos.h"
 #include "reports/SumasSaldos.h"
 #include "store/Conexiones.h"
+#include "store/Esquema.h"
+#include "store/ListasEmpresas.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -46,7 +48,9 @@ inline void publicar(Entorno& e, int desde, int hasta) {
 // What a book must be, however it was copied: sound, Mayor equal to the sums of Diario, every
 // "C" entry whole under one number. Returns the number of "C" entries.
 inline int ComprobarLibro(Conexion& c) {
-    EXPECT_EQ(c.escalar("PRAGMA integrity_check").toString(), "ok");
+    if (!c.enServidor()) {
+        EXPECT_EQ(c.escalar("PRAGMA integrity_check").toString(), "ok");
+    }
     EXPECT_EQ(DescuadresMayor(c), QStringList());
     QSqlQuery q = c.ejecutar("SELECT Concepto, COUNT(*), COUNT(DISTINCT NAs), "
                              "round(SUM(Debe) - SUM(Haber), 2) FROM Diario "
@@ -96,7 +100,8 @@ inline QStringList Volcado(const QString& ruta) {
 }
 
 // Name and content hash of every file under a folder (hidden ones too), to tell that nothing
-// was touched.
+// was touched. A database's passing files (-wal, -shm) are left out: their bytes change as soon
+// as anybody reads, and what they hold is compared through the data itself (Libros).
 inline QMap<QString, QByteArray> Firma(const QString& carpeta) {
     QMap<QString, QByteArray> r;
     const QDir raiz(carpeta);
@@ -109,6 +114,8 @@ inline QMap<QString, QByteArray> Firma(const QString& carpeta) {
                 pendientes << f.absoluteFilePath();
                 continue;
             }
+            if (f.fileName().endsWith("-wal") || f.fileName().endsWith("-shm"))
+                continue;
             QFile x(f.absoluteFilePath());
             x.open(QIODevice::ReadOnly);
             r.insert(raiz.relativeFilePath(f.absoluteFilePath()),
@@ -116,6 +123,65 @@ inline QMap<QString, QByteArray> Firma(const QString& carpeta) {
         }
     }
     return r;
+}
+
+// Every row of every table of one database, on either engine, in the order the program reads
+// them; with a count and sum of the journal first, so that a difference shows at a glance.
+inline QStringList VolcadoBase(Conexion& c, TipoBase tipo) {
+    QStringList r;
+    if (tipo == TipoBase::Ejercicio) {
+        QSqlQuery q = c.ejecutar("SELECT COUNT(*), round(SUM(Debe), 2), round(SUM(Haber), 2) "
+                                 "FROM Diario");
+        if (q.next())
+            r << QStringLiteral("Diario %1 %2 %3")
+                     .arg(q.value(0).toString(), q.value(1).toString(), q.value(2).toString());
+    }
+    for (const QString& tabla : TablasDe(tipo)) {
+        const QStringList columnas = c.columnas(tabla);
+        QStringList leer;
+        for (const QString& col : columnas)
+            if (col != "rowid")
+                leer << '"' + col + '"';
+        QSqlQuery q = c.ejecutar(
+            QStringLiteral("SELECT %1 FROM %2 ORDER BY rowid").arg(leer.join(','), tabla));
+        while (q.next()) {
+            QStringList fila{tabla};
+            for (int i = 0; i < leer.size(); ++i)
+                fila << q.value(i).toString();
+            r << fila.join('|');
+        }
+    }
+    return r;
+}
+
+// The books of a company and the installation's own database, wherever the session keeps them:
+// what a refused restore must leave as it was.
+inline QStringList Libros(const Sesion& s, const QString& empresa) {
+    Sesion x = s;
+    x.EmpresaActual = empresa;
+    QStringList r;
+    {
+        Conexion c = AbrirAvisos(x);
+        r << VolcadoBase(c, TipoBase::Bavis);
+    }
+    {
+        Conexion c = AbrirBavar(x);
+        r << VolcadoBase(c, TipoBase::Bavar);
+    }
+    for (const RegistroSelan& e : EjerciciosDe(x, empresa)) {
+        x.AnoActual = qint16(e.Ano.toInt());
+        Conexion c = AbrirDatos(x);
+        r << "Ejercicio " + e.Ano;
+        r << VolcadoBase(c, TipoBase::Ejercicio);
+    }
+    return r;
+}
+
+// The books on a server are found by the command line through the installation's setting, as a
+// user's desktop finds them.
+inline void CliComoLaSesion(Entorno& e) {
+    if (e.sesion.enServidor())
+        e.ajustes->escribir("Datos", "Servidor", e.sesion.UrlServidor);
 }
 
 } // namespace utiles

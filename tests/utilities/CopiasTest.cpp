@@ -4,6 +4,7 @@
 
 #include "utilities/Copias.h"
 #include "ComunUtilidades.h"
+#include "ServidorPruebas.h"
 #include "platform/CopiasBase.h"
 #include "store/BloqueoEmpresa.h"
 #include "store/Instalacion.h"
@@ -22,6 +23,8 @@ using namespace utiles;
 namespace {
 
 const char* const VarHijo = "QUILMAR_COPIAS_HIJO";
+// The server the child posts into, in the server run.
+const char* const VarServidorHijo = "QUILMAR_COPIAS_SERVIDOR";
 
 // Waits for a file to appear (written by another process), up to two minutes.
 bool esperarFichero(const QString& ruta) {
@@ -43,6 +46,7 @@ TEST(PublicadorCopias, Publica) {
     const QDir dir(qEnvironmentVariable(VarHijo));
     Sesion s;
     s.AppPath = s.DataPath = dir.path();
+    s.UrlServidor = qEnvironmentVariable(VarServidorHijo);
     s.EmpresaActual = "Emp001";
     s.AnoActual = 2024;
     CargarEjercicio(s);
@@ -124,8 +128,16 @@ TEST_F(Copias, EstructuraYSustitucionUnoPorUno) {
     EXPECT_EQ(contenido("Emp002"), QStringList({"Bavar.db", "Quilmar2025.db", "Selan.dat"}));
     for (const char* f : {"Bavis.db", "Emp002/Bavar.db", "Emp002/Quilmar2025.db"})
         EXPECT_NO_THROW(ComprobarBase(enCopia(f), TipoPorNombre(QFileInfo(f).fileName()))) << f;
-    EXPECT_EQ(Firma(enCopia("Emp002")).value("Selan.dat"),
-              Firma(e.ruta("Emp002")).value("Selan.dat"));
+    // The list of exercises goes as Selan.dat, from the files or from the server's list.
+    auto lista = [](const QList<RegistroSelan>& l) {
+        QStringList r;
+        for (const RegistroSelan& x : l)
+            r << x.Ano + '|' + x.Codigo + '|' + x.Nombre;
+        return r;
+    };
+    EXPECT_EQ(lista(LeerSelan(enCopia("Emp002/Selan.dat"))), QStringList({"2025|002|Otra SL"}));
+    EXPECT_EQ(lista(LeerSelan(enCopia("Emp002/Selan.dat"))),
+              lista(EjerciciosDe(e.sesion, "Emp002")));
 
     // A second backup replaces the company's files and drops those no longer in the source.
     QFile(enCopia("Emp002/Viejo.txt")).open(QIODevice::WriteOnly);
@@ -150,7 +162,22 @@ TEST_F(Copias, IdaYVueltaDanElMismoBalance) {
     }
     ASSERT_TRUE(copiar());
 
-    // The books change, a reminder goes; the restore brings both back.
+    // The books change (entries posted, one deleted), a reminder goes; the restore brings both
+    // back as they were at the moment of the backup.
+    long maxCopia = 0;
+    QString cuentaA, cuentaB;
+    {
+        Conexion c = e.datos();
+        maxCopia = Contar(c, "SELECT MAX(NAs) FROM Diario");
+        cuentaA = c.escalar("SELECT MIN(NCuenta) FROM Diario").toString();
+        cuentaB = c.escalar("SELECT MAX(NCuenta) FROM Diario").toString();
+    }
+    auto otroAsiento = [&](int i) {
+        return e.asiento(QDate(2026, 6, 1 + i % 28), {Debe(cuentaA, 10 + i, "Tras la copia"),
+                                                      Haber(cuentaB, 10 + i, "Tras la copia")});
+    };
+    for (int i = 1; i <= 30; ++i)
+        otroAsiento(i);
     {
         Conexion c = e.datos();
         ElimAsiento(c, e.sesion, Contar(c, "SELECT MIN(NAs) FROM Diario WHERE NAs > 1"));
@@ -167,6 +194,14 @@ TEST_F(Copias, IdaYVueltaDanElMismoBalance) {
                            "sustiruirían a los existentes?"}));
     EXPECT_EQ(e.dialogo.informados.last(), MsgRestaurarCerrar);
     EXPECT_EQ(SumasSaldos(e.sesion), antes);
+    {
+        // The entries posted after the backup are gone, and a new one takes the next number.
+        Conexion c = e.datos();
+        EXPECT_EQ(Contar(c, "SELECT COUNT(*) FROM Diario WHERE Concepto = 'Tras la copia'"), 0);
+        EXPECT_EQ(Contar(c, "SELECT MAX(NAs) FROM Diario"), maxCopia);
+        CargarEjercicio(e.sesion);
+        EXPECT_EQ(otroAsiento(1), maxCopia + 1);
+    }
     {
         Conexion b = AbrirAvisos(e.sesion);
         EXPECT_EQ(LeerAvisos(b).size(), 1);
@@ -188,6 +223,9 @@ TEST_F(Copias, CopiaDanadaNoTocaNada) {
     e.crearEmpresa();
     publicar(e, 1, 400);
     ASSERT_TRUE(copiar());
+    // The books read first: reading them may set a file's journal, which is no change of data.
+    const QStringList libros = Libros(e.sesion, "Emp001");
+    ASSERT_GT(libros.size(), 800);
     const QMap<QString, QByteArray> instalacion = Firma(e.dir.path());
     const QMap<QString, QByteArray> buena = Firma(enCopia());
 
@@ -234,12 +272,83 @@ TEST_F(Copias, CopiaDanadaNoTocaNada) {
         EXPECT_TRUE(m.endsWith("No se ha modificado ningún dato.")) << m.toStdString();
         EXPECT_TRUE(e.dialogo.preguntas.isEmpty()) << "refused before asking";
         EXPECT_EQ(Firma(e.dir.path()), instalacion);
+        EXPECT_EQ(Libros(e.sesion, "Emp001"), libros);
         // Back to the good copy for the next case.
         QDir(enCopia()).removeRecursively();
         QDir().mkpath(enCopia());
         ASSERT_TRUE(copiar());
         ASSERT_EQ(Firma(enCopia()).keys(), buena.keys());
     }
+}
+
+// On a server a copy that passes every check can still be refused by the server halfway through
+// (here a subaccount twice in Mayor, which the server's unique index refuses, after the company's
+// schemas were dropped in the same transaction): the books stay exactly as they were.
+TEST_F(Copias, RestauracionQueElServidorRechazaAMitadNoTocaNada) {
+    if (!e.sesion.enServidor())
+        GTEST_SKIP() << "sólo en la pasada del servidor";
+    e.crearEmpresa("001", 2024);
+    publicar(e, 1, 200);
+    ASSERT_TRUE(copiar());
+    publicar(e, 201, 260);
+    const QStringList libros = Libros(e.sesion, "Emp001");
+    {
+        Conexion c(enCopia("Emp001/Quilmar2024.db"));
+        c.ejecutar("DROP INDEX IxMayorNCuenta");
+        c.ejecutar("INSERT INTO Mayor SELECT * FROM Mayor LIMIT 1");
+    }
+    ASSERT_NO_THROW(ComprobarCopiaEmpresa(enCopia("Emp001")));
+    e.dialogo = DialogoGuion();
+    EXPECT_FALSE(restaurar(e, "Emp001"));
+    ASSERT_EQ(e.dialogo.informados.size(), 1);
+    const QString m = e.dialogo.informados.first();
+    EXPECT_TRUE(m.startsWith("No se pudo restaurar la copia en el servidor.")) << m.toStdString();
+    EXPECT_TRUE(m.endsWith("No se ha modificado ningún dato.")) << m.toStdString();
+    EXPECT_FALSE(m.contains("duplicate")) << m.toStdString();
+    EXPECT_EQ(Libros(e.sesion, "Emp001"), libros);
+    // And they go on taking entries under the next number.
+    Conexion c = e.datos();
+    EXPECT_EQ(ComprobarLibro(c), 260);
+    CargarEjercicio(e.sesion);
+    const long siguiente = long(e.sesion.UltimoAsiento) + 1;
+    EXPECT_EQ(e.asiento(QDate(2024, 5, 5), asientoContado(261)), siguiente);
+}
+
+// A backup has one layout on both engines: one taken from the server restores into a file
+// installation, and one taken from the files into a server, with the same books.
+TEST_F(Copias, UnaCopiaDeUnMotorSeRestauraEnElOtro) {
+    if (!e.sesion.enServidor())
+        GTEST_SKIP() << "sólo en la pasada del servidor: necesita los dos motores";
+    e.instalarDemo();
+    e.sesion.EmpresaActual = "Emp100";
+    e.sesion.AnoActual = 2026;
+    const QList<QStringList> sumas = SumasSaldos(e.sesion);
+    ASSERT_GT(sumas.size(), 10);
+    ASSERT_TRUE(copiar());
+
+    // An installation of this run whose books are left on its files.
+    Entorno archivos;
+    archivos.sesion.UrlServidor.clear();
+    ASSERT_TRUE(restaurar(archivos, "Emp100"));
+    archivos.sesion.EmpresaActual = "Emp100";
+    archivos.sesion.AnoActual = 2026;
+    EXPECT_TRUE(QFileInfo::exists(archivos.ruta("Emp100/Quilmar2026.db")));
+    EXPECT_EQ(SumasSaldos(archivos.sesion), sumas);
+
+    QTemporaryDir segunda;
+    archivos.dialogo.responder({true});
+    ASSERT_TRUE(HacerCopiaSeguridad(archivos.sesion, *archivos.ajustes, archivos.dialogo,
+                                    segunda.path(), AlcanceCopia::EmpresaAbierta));
+    Entorno servidor;
+    ASSERT_TRUE(servidor.sesion.enServidor());
+    servidor.dialogo.responder({true, true});
+    ASSERT_TRUE(
+        RestaurarCopia(servidor.sesion, servidor.dialogo, QDir(segunda.path()).filePath("Emp100")));
+    servidor.sesion.EmpresaActual = "Emp100";
+    servidor.sesion.AnoActual = 2026;
+    EXPECT_EQ(SumasSaldos(servidor.sesion), sumas);
+    // Every row of every table came back through the files unchanged.
+    EXPECT_EQ(Libros(servidor.sesion, "Emp100"), Libros(e.sesion, "Emp100"));
 }
 
 TEST_F(Copias, RestaurarRechazaLoQueNoEsUnaCopiaYLaEmpresaAbiertaEnOtroPuesto) {
@@ -282,6 +391,7 @@ TEST_F(Copias, CopiaMientrasOtroProcesoPublicaMilAsientos) {
     QProcess hijo;
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.insert(VarHijo, e.dir.path());
+    env.insert(VarServidorHijo, e.sesion.UrlServidor);
     hijo.setProcessEnvironment(env);
     hijo.setProcessChannelMode(QProcess::ForwardedChannels);
     hijo.start(QCoreApplication::applicationFilePath(), {"--gtest_filter=PublicadorCopias.*"});
@@ -322,14 +432,18 @@ TEST_F(Copias, CopiaMientrasOtroProcesoPublicaMilAsientos) {
 // wait; whatever the moment, the same must hold.
 TEST_F(Copias, CopiaMatadaDejaUsableLaAnterior) {
     e.crearEmpresa("001", 2024);
-    publicar(e, 1, 6000);
+    CliComoLaSesion(e);
+    // Enough entries that a backup takes several steps; fewer on a server, where each of the
+    // twelve restores below loads them over a connection.
+    const int n = e.sesion.enServidor() ? 1500 : 6000;
+    publicar(e, 1, n);
     ASSERT_TRUE(copiar());
     const QList<QStringList> vieja = SumasSaldos(e.sesion);
     // The old backup, to put back whenever a round let the new one into place.
     QTemporaryDir guardada;
     for (const QString& f : contenido("Emp001"))
         ASSERT_TRUE(QFile::copy(enCopia("Emp001/" + f), guardada.filePath(f)));
-    publicar(e, 6001, 9000);
+    publicar(e, n + 1, n + n / 2);
     const QList<QStringList> nueva = SumasSaldos(e.sesion);
     ASSERT_NE(vieja, nueva);
 

@@ -16,6 +16,7 @@ namespace {
 
 class UtilidadesCli : public ::testing::Test {
 protected:
+    void SetUp() override { CliComoLaSesion(e); }
     ResultadoCli cli(const QStringList& args) { return EjecutarCli(e.dir.path(), args); }
     Entorno e;
 };
@@ -103,7 +104,8 @@ TEST_F(UtilidadesCli, CopiaRestauracionYCompactacion) {
     EXPECT_FALSE(QFileInfo::exists(e.ruta("Copbas")));
     r = cli({"--empresa", "Emp001", "--si", "compactar"});
     ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
-    EXPECT_TRUE(QFileInfo::exists(e.ruta("Copbas/Quilmar2024.db")));
+    // The server runs its own upkeep and keeps no copies.
+    EXPECT_EQ(QFileInfo::exists(e.ruta("Copbas/Quilmar2024.db")), !e.sesion.enServidor());
     EXPECT_EQ(SumasSaldos(e.sesion), sumas);
 }
 

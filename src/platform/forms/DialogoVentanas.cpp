@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -46,6 +47,16 @@ bool DialogoVentanas::Preguntar(const QString& texto) {
 
 bool DialogoVentanas::PreguntarSi(const QString& texto) {
     return preguntar(padre(), titulo(), texto, QMessageBox::Yes);
+}
+
+QString DialogoVentanas::PedirClave(const QString& texto) {
+    QInputDialog caja(padre());
+    caja.setWindowTitle(titulo());
+    caja.setLabelText(texto);
+    caja.setTextEchoMode(QLineEdit::Password);
+    caja.setOkButtonText(QStringLiteral("Aceptar"));
+    caja.setCancelButtonText(QStringLiteral("Cancelar"));
+    return caja.exec() == QDialog::Accepted ? caja.textValue() : QString();
 }
 
 QString DialogoVentanas::PedirTexto(const QString& texto, const QString& defecto) {

@@ -14,6 +14,7 @@ public:
     bool Preguntar(const QString& texto) override;
     bool PreguntarSi(const QString& texto) override;
     QString PedirTexto(const QString& texto, const QString& defecto) override;
+    QString PedirClave(const QString& texto) override;
 
 private:
     QWidget* padre() const;

@@ -1,5 +1,6 @@
 #include "store/forms/Form102.h"
 
+#include "platform/Almacen.h"
 #include "platform/Dialogo.h"
 #include "platform/Errores.h"
 #include "platform/forms/Ventana.h"
@@ -9,7 +10,9 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFormLayout>
 #include <QGridLayout>
+#include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -28,7 +31,8 @@ QLabel* nota(const QString& texto) {
 }
 } // namespace
 
-Form102::Form102(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(padre), s_(s), d_(d) {
+Form102::Form102(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre)
+    : QDialog(padre), s_(s), a_(a), d_(d) {
     setObjectName(QStringLiteral("Form102"));
     setWindowTitle(QStringLiteral("Quilmar"));
     buscarCarpeta = [](QWidget* w) {
@@ -51,14 +55,45 @@ Form102::Form102(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(pa
     Option1->setObjectName(QStringLiteral("Option1"));
     Option2 = new QRadioButton(QStringLiteral("Como Cliente o secundario"));
     Option2->setObjectName(QStringLiteral("Option2"));
+    Option3 = new QRadioButton(QStringLiteral("Con los datos en un servidor PostgreSQL"));
+    Option3->setObjectName(QStringLiteral("Option3"));
     Text1 = new QLineEdit;
     Text1->setObjectName(QStringLiteral("Text1"));
+    auto campo = [](const char* nombre, int largo) {
+        auto* t = new QLineEdit;
+        t->setObjectName(QLatin1String(nombre));
+        t->setMaxLength(largo);
+        return t;
+    };
+    TextServidor = campo("TextServidor", 253);
+    TextPuerto = campo("TextPuerto", 5);
+    TextPuerto->setValidator(new QIntValidator(1, 65535, TextPuerto));
+    TextBase = campo("TextBase", 63);
+    TextUsuario = campo("TextUsuario", 63);
     Command2 = new QPushButton(QStringLiteral("..."));
     Command2->setObjectName(QStringLiteral("Command2"));
     Command2->setToolTip(QStringLiteral("Buscar la carpeta"));
 
+    // The server chosen before, if any, fills its fields; its password is never shown or kept.
+    Servidor elegido;
+    elegido.host = QStringLiteral("localhost");
+    elegido.usuario = qEnvironmentVariable("USER");
+    bool conServidor = false;
+    try {
+        if (const QString url = ServidorElegido(a); !url.isEmpty()) {
+            elegido = Servidor::DeUrl(url);
+            conServidor = true;
+        }
+    } catch (const ErrorQuilmar&) {
+        // A setting spoilt by hand: the fields start from the defaults.
+    }
+    TextServidor->setText(elegido.host);
+    TextPuerto->setText(QString::number(elegido.puerto));
+    TextBase->setText(elegido.base);
+    TextUsuario->setText(elegido.usuario);
+
     const bool cliente = !s_.DataPath.isEmpty() && !s_.esPrincipal();
-    (cliente ? Option2 : Option1)->setChecked(true);
+    (conServidor ? Option3 : cliente ? Option2 : Option1)->setChecked(true);
     if (cliente)
         Text1->setText(s_.DataPath);
 
@@ -76,6 +111,19 @@ Form102::Form102(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(pa
     rejilla->addWidget(etiqueta, 4, 0, 1, 2);
     rejilla->addWidget(Text1, 5, 0);
     rejilla->addWidget(Command2, 5, 1);
+    rejilla->addWidget(Option3, 6, 0, 1, 2);
+    rejilla->addWidget(nota(QStringLiteral("(Las bases de datos están en un servidor de bases de "
+                                           "datos, al que se conectan todos los puestos. La "
+                                           "contraseña no se guarda: se toma del archivo .pgpass "
+                                           "o se pregunta al abrir el programa)")),
+                       7, 0, 1, 2);
+    auto* datosServidor = new QFormLayout;
+    datosServidor->setContentsMargins(22, 0, 0, 0);
+    datosServidor->addRow(QStringLiteral("&Servidor:"), TextServidor);
+    datosServidor->addRow(QStringLiteral("&Puerto:"), TextPuerto);
+    datosServidor->addRow(QStringLiteral("&Base de datos:"), TextBase);
+    datosServidor->addRow(QStringLiteral("&Usuario:"), TextUsuario);
+    rejilla->addLayout(datosServidor, 8, 0, 1, 2);
 
     auto* botones = new QDialogButtonBox;
     auto* aceptar = botones->addButton(QStringLiteral("&Aceptar"), QDialogButtonBox::AcceptRole);
@@ -91,6 +139,7 @@ Form102::Form102(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(pa
     connect(aceptar, &QPushButton::clicked, this, &Form102::aceptar);
     connect(Command2, &QPushButton::clicked, this, &Form102::buscar);
     connect(Option1, &QRadioButton::toggled, this, &Form102::actualizar);
+    connect(Option2, &QRadioButton::toggled, this, &Form102::actualizar);
     actualizar();
     setMinimumWidth(480);
     PrepararVentana(this, a);
@@ -99,6 +148,8 @@ Form102::Form102(Sesion& s, Ajustes& a, Dialogo& d, QWidget* padre) : QDialog(pa
 void Form102::actualizar() {
     Text1->setEnabled(Option2->isChecked());
     Command2->setEnabled(Option2->isChecked());
+    for (QLineEdit* t : {TextServidor, TextPuerto, TextBase, TextUsuario})
+        t->setEnabled(Option3->isChecked());
 }
 
 void Form102::buscar() {
@@ -112,7 +163,16 @@ void Form102::buscar() {
 
 void Form102::aceptar() {
     try {
+        if (Option3->isChecked()) {
+            ElegirServidor(s_, a_, d_,
+                           ServidorTecleado(TextServidor->text(), TextPuerto->text(),
+                                            TextBase->text(), TextUsuario->text()));
+            Q_EMIT ubicacionCambiada(s_.UrlServidor);
+            accept();
+            return;
+        }
         ElegirInstalacion(s_, Option1->isChecked(), Text1->text());
+        QuitarServidor(s_, a_);
     } catch (const ErrorQuilmar& e) {
         d_.Informar(e.mensaje());
         return;

@@ -1,6 +1,7 @@
 #pragma once
-// The question of the kind of installation: main (the databases in this computer) or client
-// (the databases in the main installation's folder, over the local network).
+// The question of the kind of installation: main (the databases in this computer), client (the
+// databases in the main installation's folder, over the local network), or the books on a
+// PostgreSQL server (host, port, database and user; the password never stored).
 
 #include <QDialog>
 #include <functional>
@@ -23,7 +24,8 @@ public:
     std::function<QString(QWidget*)> buscarCarpeta;
 
 Q_SIGNALS:
-    // DataPath changed: empty text for a main installation, the folder for a client.
+    // DataPath changed: empty text for a main installation, the folder for a client, the
+    // server's address for the third way.
     void ubicacionCambiada(const QString& texto);
 
 private:
@@ -32,9 +34,15 @@ private:
     void actualizar();
 
     Sesion& s_;
+    Ajustes& a_;
     Dialogo& d_;
     QRadioButton* Option1;
     QRadioButton* Option2;
+    QRadioButton* Option3;
     QLineEdit* Text1;
+    QLineEdit* TextServidor;
+    QLineEdit* TextPuerto;
+    QLineEdit* TextBase;
+    QLineEdit* TextUsuario;
     QPushButton* Command2;
 };

@@ -215,10 +215,13 @@ void Form54::escribir(const QString& clave, const QString& valor) {
 }
 
 void Form54::mostrarUbicacion() {
-    const bool principal = s_.DataPath.isEmpty() || s_.esPrincipal();
+    const bool principal = !s_.enServidor() && (s_.DataPath.isEmpty() || s_.esPrincipal());
     Option1->setChecked(principal);
     Option2->setChecked(!principal);
-    Label5->setText(principal ? QString() : QDir::toNativeSeparators(s_.DataPath));
+    // Books on a database server are on another machine of the network too: its address shows.
+    Label5->setText(principal         ? QString()
+                    : s_.enServidor() ? QStringLiteral("Servidor PostgreSQL %1").arg(s_.UrlServidor)
+                                      : QDir::toNativeSeparators(s_.DataPath));
 }
 
 void Form54::modificarUbicacion() {
