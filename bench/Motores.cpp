@@ -6,6 +6,7 @@
 // file into an empty exercise. Each several times; median and maximum in seconds.
 // Run: make bench, or ./build-bench/bench_Motores [runs]
 
+#include "CsvAsientos.h"
 #include "EjercicioGrande.h"
 #include "Empresa.h"
 #include "platform/Almacen.h"
@@ -88,34 +89,6 @@ std::unique_ptr<EmpresaDePrueba> empresa(Cluster* servidor,
         CargarEjercicio(e->sesion);
     }
     return e;
-}
-
-// Two to four lines an entry, in the layout quilmar-cli importar reads.
-void escribirCsv(const QString& ruta, int asientos) {
-    QFile f(ruta);
-    if (!f.open(QIODevice::WriteOnly)) {
-        std::fprintf(stderr, "No se puede escribir %s\n", qPrintable(ruta));
-        std::exit(1);
-    }
-    QByteArray b = "NAs;NAp;Fecha;NCuenta;Concepto;Debe;Haber;Documento\n";
-    const char* debe[] = {"660000044", "157000001", "157200003"};
-    const int forma[] = {2, 3, 2, 3, 2, 3, 4, 2};
-    for (int i = 1; i <= asientos; ++i) {
-        const int n = forma[i % 8];
-        const QByteArray fecha =
-            QStringLiteral("%1/%2/2024").arg(1 + i % 28).arg(1 + i % 12).toUtf8();
-        const double a = (i % 997) / 4.0 + 1;
-        for (int k = 0; k < n - 1; ++k)
-            b += QByteArray::number(i) + ';' + QByteArray::number(k + 1) + ';' + fecha + ';' +
-                 debe[k] + ";Asiento " + QByteArray::number(i) + ';' +
-                 QByteArray::number(a, 'f', 2).replace('.', ',') + ";;D" + QByteArray::number(i) +
-                 '\n';
-        b += QByteArray::number(i) + ';' + QByteArray::number(n) + ';' + fecha +
-             ";370000066;Asiento " + QByteArray::number(i) + ";;" +
-             QByteArray::number(a * (n - 1), 'f', 2).replace('.', ',') + ";D" +
-             QByteArray::number(i) + '\n';
-    }
-    f.write(b);
 }
 
 struct Medida {
@@ -220,7 +193,10 @@ int main(int argc, char** argv) {
 
     QTemporaryDir trabajo;
     const QString csv = trabajo.filePath(QStringLiteral("asientos.csv"));
-    escribirCsv(csv, Asientos);
+    if (!EscribirCsvAsientos(csv, Asientos)) {
+        std::fprintf(stderr, "No se puede escribir %s\n", qPrintable(csv));
+        return 1;
+    }
     std::unique_ptr<EmpresaDePrueba> vacia;
     const auto importar = [&] {
         const ResultadoImportacion r = ImportarAsientos(vacia->sesion, csv);

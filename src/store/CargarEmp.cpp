@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -106,6 +107,38 @@ QList<int> AnosEnCarpeta(const QString& carpetaEmpresa) {
 
 namespace {
 
+// The Selan records of a company's exercises, each with the name its database holds; a database
+// that cannot be read, or that names another company than the first, is told and left out.
+QList<RegistroSelan> registrosDeAnos(const QList<int>& anos, const QString& codigo,
+                                     const QString& nombre, Dialogo& dialogo,
+                                     const std::function<Conexion(int)>& abrir) {
+    QList<RegistroSelan> registros;
+    QString nombreEmpresa;
+    for (int ano : anos) {
+        QString leido;
+        try {
+            Conexion c = abrir(ano);
+            QSqlQuery q = c.ejecutar(QStringLiteral("SELECT Nombre FROM Empresa"));
+            if (!q.next())
+                throw ErrorAlmacen(QString());
+            leido = q.value(0).toString().trimmed();
+        } catch (const ErrorAlmacen&) {
+            dialogo.Informar(QStringLiteral("Error en base de datos de la empresa ") + nombre);
+            continue;
+        }
+        if (registros.isEmpty()) {
+            nombreEmpresa = leido;
+        } else if (leido != nombreEmpresa) {
+            dialogo.Informar(QStringLiteral("La base de datos Quilmar%1 no corresponde a la la "
+                                            "actual empresa.")
+                                 .arg(ano));
+            continue;
+        }
+        registros << RegistroSelan{QString::number(ano), codigo, leido};
+    }
+    return registros;
+}
+
 // The server keeps the lists as tables: they are rebuilt from the schemas there, with the same
 // checks as the files.
 void actEjerciciosServidor(const Sesion& s, const QString& carpeta, Dialogo& dialogo) {
@@ -124,31 +157,11 @@ void actEjerciciosServidor(const Sesion& s, const QString& carpeta, Dialogo& dia
         }
         if (anos.isEmpty())
             dialogo.Informar(QStringLiteral("No está la base de datos de la empresa ") + nombre);
-        QList<RegistroSelan> registros;
-        QString nombreEmpresa;
-        for (int ano : anos) {
-            QString leido;
-            try {
-                Conexion c = AbrirServidor(s, QStringLiteral("emp%1_%2").arg(codigo).arg(ano),
-                                           TipoBase::Ejercicio);
-                QSqlQuery q = c.ejecutar(QStringLiteral("SELECT Nombre FROM Empresa"));
-                if (!q.next())
-                    throw ErrorAlmacen(QString());
-                leido = q.value(0).toString().trimmed();
-            } catch (const ErrorAlmacen&) {
-                dialogo.Informar(QStringLiteral("Error en base de datos de la empresa ") + nombre);
-                continue;
-            }
-            if (registros.isEmpty()) {
-                nombreEmpresa = leido;
-            } else if (leido != nombreEmpresa) {
-                dialogo.Informar(QStringLiteral("La base de datos Quilmar%1 no corresponde a la la "
-                                                "actual empresa.")
-                                     .arg(ano));
-                continue;
-            }
-            registros << RegistroSelan{QString::number(ano), codigo, leido};
-        }
+        const QList<RegistroSelan> registros =
+            registrosDeAnos(anos, codigo, nombre, dialogo, [&](int ano) {
+                return AbrirServidor(s, QStringLiteral("emp%1_%2").arg(codigo).arg(ano),
+                                     TipoBase::Ejercicio);
+            });
         Conexion bavis = AbrirAvisos(s);
         Transaccion t(bavis);
         bavis.ejecutar(QStringLiteral("DELETE FROM Ejercicios WHERE Codigo = ?"), {codigo});
@@ -193,31 +206,11 @@ void ActEjercicios(const Sesion& s, const QString& carpeta, Dialogo& dialogo) {
         const QList<int> anos = AnosEnCarpeta(dir.path());
         if (anos.isEmpty())
             dialogo.Informar(QStringLiteral("No está la base de datos de la empresa ") + nombre);
-        QList<RegistroSelan> registros;
-        QString nombreEmpresa;
-        for (int ano : anos) {
-            QString leido;
-            try {
-                Conexion c(dir.filePath(QStringLiteral("Quilmar%1.db").arg(ano)),
-                           TipoBase::Ejercicio, false, modo);
-                QSqlQuery q = c.ejecutar(QStringLiteral("SELECT Nombre FROM Empresa"));
-                if (!q.next())
-                    throw ErrorAlmacen(QString());
-                leido = q.value(0).toString().trimmed();
-            } catch (const ErrorAlmacen&) {
-                dialogo.Informar(QStringLiteral("Error en base de datos de la empresa ") + nombre);
-                continue;
-            }
-            if (registros.isEmpty()) {
-                nombreEmpresa = leido;
-            } else if (leido != nombreEmpresa) {
-                dialogo.Informar(QStringLiteral("La base de datos Quilmar%1 no corresponde a la la "
-                                                "actual empresa.")
-                                     .arg(ano));
-                continue;
-            }
-            registros << RegistroSelan{QString::number(ano), nombre.mid(3), leido};
-        }
+        const QList<RegistroSelan> registros =
+            registrosDeAnos(anos, nombre.mid(3), nombre, dialogo, [&](int ano) {
+                return Conexion(dir.filePath(QStringLiteral("Quilmar%1.db").arg(ano)),
+                                TipoBase::Ejercicio, false, modo);
+            });
         EscribirSelan(selan, registros);
     }
 }

@@ -24,6 +24,24 @@ namespace {
 
 const QString CuentaResultadosNegativos = QStringLiteral("012100104");
 
+// The Empresa row of a new year copied from another: its start moved to that year (same day and
+// month), not closed, no closing entries; gives back the company's code and name.
+void abrirEmpresaDelAno(Conexion& c, int ano, QString& codigo, QString& nombre) {
+    QSqlQuery q = c.ejecutar(QStringLiteral("SELECT FechaIni, Codigo, Nombre FROM Empresa"));
+    if (!q.next())
+        return;
+    const QDate antes = DeISO(q.value(0).toString());
+    codigo = q.value(1).toString().trimmed();
+    nombre = q.value(2).toString().trimmed();
+    QDate nueva(ano, antes.isValid() ? antes.month() : 1, antes.isValid() ? antes.day() : 1);
+    if (!nueva.isValid()) // 29 February of a year that has none
+        nueva = QDate(ano, antes.month(), 28);
+    q.finish();
+    c.ejecutar(QStringLiteral("UPDATE Empresa SET FechaIni = ?, EjCerrado = 0, NAsReg = 0, "
+                              "NAsFin = 0"),
+               {FechaISO(nueva)});
+}
+
 // The new year on a server: a schema of its own with the chart, cards and lists of the year it
 // comes from, its journal empty, and its line in the list of exercises; all or nothing.
 void crearEjercicioServidor(const Sesion& s, int ano, int desde) {
@@ -46,20 +64,7 @@ void crearEjercicioServidor(const Sesion& s, int ano, int desde) {
                 c.ejecutar(QStringLiteral("INSERT INTO %1 SELECT * FROM origen.%1").arg(tabla));
                 AjustarContadores(c, tabla);
             }
-            QSqlQuery q =
-                c.ejecutar(QStringLiteral("SELECT FechaIni, Codigo, Nombre FROM Empresa"));
-            if (q.next()) {
-                const QDate antes = DeISO(q.value(0).toString());
-                codigo = q.value(1).toString().trimmed();
-                nombre = q.value(2).toString().trimmed();
-                QDate nueva(ano, antes.isValid() ? antes.month() : 1,
-                            antes.isValid() ? antes.day() : 1);
-                if (!nueva.isValid()) // 29 February of a year that has none
-                    nueva = QDate(ano, antes.month(), 28);
-                c.ejecutar(QStringLiteral("UPDATE Empresa SET FechaIni = ?, EjCerrado = 0, "
-                                          "NAsReg = 0, NAsFin = 0"),
-                           {FechaISO(nueva)});
-            }
+            abrirEmpresaDelAno(c, ano, codigo, nombre);
             t.confirmar();
         }
         const QList<RegistroSelan> lista = EjerciciosDe(s, s.EmpresaActual);
@@ -211,20 +216,7 @@ void CrearEjercicio(Sesion& s, Dialogo& d, int ano, int desde) {
         Transaccion t(c);
         for (const char* tabla : {"DatosIVA", "Mayor", "Diario", "DelDia"})
             c.ejecutar(QStringLiteral("DELETE FROM %1").arg(QLatin1String(tabla)));
-        QSqlQuery q = c.ejecutar(QStringLiteral("SELECT FechaIni, Codigo, Nombre FROM Empresa"));
-        if (q.next()) {
-            const QDate antes = DeISO(q.value(0).toString());
-            codigo = q.value(1).toString().trimmed();
-            nombre = q.value(2).toString().trimmed();
-            QDate nueva(ano, antes.isValid() ? antes.month() : 1,
-                        antes.isValid() ? antes.day() : 1);
-            if (!nueva.isValid()) // 29 February of a year that has none
-                nueva = QDate(ano, antes.month(), 28);
-            q.finish();
-            c.ejecutar(QStringLiteral("UPDATE Empresa SET FechaIni = ?, EjCerrado = 0, "
-                                      "NAsReg = 0, NAsFin = 0"),
-                       {FechaISO(nueva)});
-        }
+        abrirEmpresaDelAno(c, ano, codigo, nombre);
         t.confirmar();
     } catch (...) {
         borrarBase(temporal);
