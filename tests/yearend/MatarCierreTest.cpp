@@ -4,6 +4,7 @@
 // asserts does not depend on when the other side notices the dead process.
 
 #include "Entorno.h"
+#include "HuellaCierre.h"
 #include "ServidorPruebas.h"
 #include "posting/ComunAsientos.h"
 #include "store/Conexiones.h"
@@ -30,32 +31,8 @@ QString Huella(const Sesion& sesion, int ano) {
     Sesion s = sesion;
     s.AnoActual = static_cast<qint16>(ano);
     Conexion c = AbrirDatos(s);
-    EXPECT_TRUE(DescuadresMayor(c).isEmpty()) << ano;
-    QSqlQuery q = c.ejecutar("SELECT EjCerrado, NAsReg, NAsFin FROM Empresa");
-    q.next();
-    const bool cerrado = q.value(0).toInt() != 0;
-    const long reg = q.value(1).toLongLong(), fin = q.value(2).toLongLong();
-    QString h = QStringLiteral("%1 %2 %3;").arg(cerrado).arg(reg).arg(fin);
-    QStringList regularizacion, final;
-    q = c.ejecutar("SELECT NAs, Clase, COUNT(*), round(SUM(Debe), 2), round(SUM(Haber), 2) FROM "
-                   "Diario GROUP BY NAs, Clase ORDER BY NAs, Clase");
-    while (q.next()) {
-        const long nas = q.value(0).toLongLong();
-        const QString clase = q.value(1).toString();
-        EXPECT_EQ(q.value(3).toDouble(), q.value(4).toDouble()) << "half of entry " << nas;
-        if (clase == "R")
-            regularizacion << QString::number(nas);
-        if (clase == "F")
-            final << QString::number(nas);
-        h += QStringLiteral("%1%2:%3 %4;")
-                 .arg(clase)
-                 .arg(nas)
-                 .arg(q.value(2).toLongLong())
-                 .arg(q.value(3).toDouble());
-    }
-    EXPECT_EQ(regularizacion, cerrado && reg ? QStringList{QString::number(reg)} : QStringList());
-    EXPECT_EQ(final, cerrado && fin ? QStringList{QString::number(fin)} : QStringList());
-    q = c.ejecutar("SELECT NCuenta FROM Cuentas ORDER BY NCuenta");
+    const QString h = HuellaCierre(c, {}, std::to_string(ano)).texto;
+    QSqlQuery q = c.ejecutar("SELECT NCuenta FROM Cuentas ORDER BY NCuenta");
     QStringList cuentas;
     while (q.next())
         cuentas << q.value(0).toString();
