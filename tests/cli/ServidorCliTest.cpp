@@ -55,6 +55,17 @@ void compararBase(const QString& ruta, const Servidor& srv, TipoBase tipo) {
     }
 }
 
+// The demo installation copied by the real verb onto a new database of the test server: its
+// address, or nothing when the copy failed (told as a failure).
+QString DemoEnServidor(Entorno& e) {
+    e.instalarDemo();
+    const QString url = ServidorPruebas::instancia().nuevaBase();
+    const ResultadoCli r =
+        EjecutarCli(e.dir.path(), {"migrar-a-servidor", "--servidor", url, "--si"});
+    EXPECT_EQ(r.codigo, 0) << r.error.toStdString();
+    return r.codigo == 0 ? url : QString();
+}
+
 } // namespace
 
 TEST(ServidorCli, DemoMigradaConTodasSusFilasYLibrosIguales) {
@@ -101,10 +112,8 @@ TEST(ServidorCli, DemoMigradaConTodasSusFilasYLibrosIguales) {
 TEST(ServidorCli, EntradaEnElServidorYDireccionesRechazadas) {
     SALTAR_SIN_SERVIDOR();
     Entorno e;
-    e.instalarDemo();
-    const QString url = ServidorPruebas::instancia().nuevaBase();
-    ASSERT_EQ(EjecutarCli(e.dir.path(), {"migrar-a-servidor", "--servidor", url, "--si"}).codigo,
-              0);
+    const QString url = DemoEnServidor(e);
+    ASSERT_FALSE(url.isEmpty());
     const QStringList servidor{"--servidor", url, "--empresa", "100", "--ano", "2026"};
     const ResultadoCli a = EjecutarCli(
         e.dir.path(),
@@ -216,10 +225,8 @@ Estado LeerEstado(const Sesion& s) {
 TEST(ServidorCli, MatarImportacionYCierreDejaAntesODespues) {
     SALTAR_SIN_SERVIDOR();
     Entorno e;
-    e.instalarDemo();
-    const QString url = ServidorPruebas::instancia().nuevaBase();
-    ASSERT_EQ(EjecutarCli(e.dir.path(), {"migrar-a-servidor", "--servidor", url, "--si"}).codigo,
-              0);
+    const QString url = DemoEnServidor(e);
+    ASSERT_FALSE(url.isEmpty());
     Sesion s = e.sesion;
     s.UrlServidor = url;
     const Estado antes = LeerEstado(s);
